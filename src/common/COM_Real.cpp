@@ -1,0 +1,180 @@
+#include "common/COM_Real.h"
+
+#include <algorithm>
+#include <charconv>
+#include <clocale>
+#include <cmath>
+#include <cstdlib>
+#include <numbers>
+#include <vector>
+
+namespace {
+
+constexpr unsigned long defaultWidth = 8;
+constexpr unsigned long defaultPrecision = 6;
+constexpr unsigned long longest =
+    100000;                        ///< A double has at most 767 digits; more are zeros or blanks.
+constexpr double rounding = 1e-12; ///< Step of `surround`.
+
+locale_t cLocale()
+{
+    static const locale_t locale = newlocale(LC_ALL_MASK, "C", nullptr);
+    return locale;
+}
+
+/// Writes `x` in scientific form to [first, last), with the characters of printf, and returns its end.
+char* scientific(char* first, char* last, double x, int precision)
+{
+    return std::to_chars(first, last, x, std::chars_format::scientific, precision).ptr;
+}
+
+} // namespace
+
+COM_Real::COM_Real(double value)
+    : mReal(value)
+{
+    COM_TYPE(COM_Real);
+}
+
+std::string COM_Real::toString() const
+{
+    return toString(mReal);
+}
+
+std::string COM_Real::toString(double x)
+{
+    return toString(x, defaultWidth, defaultPrecision);
+}
+
+std::string COM_Real::toString(double x, unsigned long width, unsigned long precision)
+{
+    const auto digits = static_cast<int>(std::min(precision, longest));
+    std::vector<char> buffer(static_cast<std::size_t>(digits) + 32);
+    const char* const end = scientific(buffer.data(), buffer.data() + buffer.size(), x, digits);
+    std::string text(static_cast<const char*>(buffer.data()), end);
+    const unsigned long length = std::min(width, longest);
+    if (text.size() < length) {
+        text.insert(0, length - text.size(), ' ');
+    }
+    return text;
+}
+
+std::string COM_Real::toString(double x, double step)
+{
+    return toString(step * std::floor(x / step));
+}
+
+void COM_Real::append(std::string& text, double x, unsigned long width, unsigned long precision)
+{
+    char buffer[64];
+    const char* const end =
+        scientific(buffer, buffer + sizeof buffer, x, static_cast<int>(std::min(precision, 30UL)));
+    const auto length = static_cast<unsigned long>(end - buffer);
+    if (length < width) {
+        text.append(width - length, ' ');
+    }
+    text.append(static_cast<const char*>(buffer), length);
+}
+
+double COM_Real::parseReal(const std::string& text)
+{
+    std::string number = text;
+    std::replace(number.begin(), number.end(), 'D', 'E');
+    std::replace(number.begin(), number.end(), 'd', 'e');
+    return strtod_l(number.c_str(), nullptr, cLocale());
+}
+
+void COM_Real::shellSort(double* values, int n)
+{
+    for (int gap = n / 2; gap > 0; gap /= 2) {
+        for (int i = gap; i < n; ++i) {
+            const double value = values[i];
+            int j = i;
+            for (; j >= gap && values[j - gap] > value; j -= gap) {
+                values[j] = values[j - gap];
+            }
+            values[j] = value;
+        }
+    }
+}
+
+void COM_Real::solveEq2(double a, double b, double c, double* x, unsigned long& n)
+{
+    n = 0;
+    if (a == 0.0) {
+        if (b != 0.0) {
+            x[n++] = -c / b;
+        }
+        return;
+    }
+    const double discriminant = b * b - 4.0 * a * c;
+    if (discriminant < 0.0) {
+        return;
+    }
+    if (discriminant == 0.0) {
+        x[n++] = -b / (2.0 * a);
+        return;
+    }
+    // The root of larger magnitude first: -b and the square root then have one sign and do not cancel.
+    const double q = -0.5 * (b + (b < 0.0 ? -std::sqrt(discriminant) : std::sqrt(discriminant)));
+    x[0] = q / a;
+    x[1] = c / q;
+    n = 2;
+    shellSort(x, 2);
+}
+
+void COM_Real::solveEq3(double a, double b, double c, double d, double* x, unsigned long& n)
+{
+    if (a == 0.0) {
+        solveEq2(b, c, d, x, n);
+        return;
+    }
+    // Scaled so that the coefficients are at most 1, y = x / scale: only then is a rounding of the
+    // discriminant to a fixed step harmless.
+    const double scale =
+        std::max({std::fabs(b / a), std::sqrt(std::fabs(c / a)), std::cbrt(std::fabs(d / a))});
+    n = 1;
+    if (scale == 0.0) {
+        x[0] = 0.0;
+        return;
+    }
+    const double b1 = b / a / scale;
+    const double c1 = c / a / scale / scale;
+    const double d1 = d / a / scale / scale / scale;
+    // y = z - b1 / 3 gives z^3 + p z + q = 0.
+    const double p = c1 - b1 * b1 / 3.0;
+    const double q = 2.0 * b1 * b1 * b1 / 27.0 - b1 * c1 / 3.0 + d1;
+    const double discriminant = surround(q * q / 4.0 + p * p * p / 27.0);
+    if (discriminant > 0.0) {
+        const double root = std::sqrt(discriminant);
+        const double u = std::cbrt(-q / 2.0 - sgn(q) * root);
+        x[0] = u - (u == 0.0 ? 0.0 : p / (3.0 * u));
+    } else if (discriminant < 0.0) {
+        const double radius = 2.0 * std::sqrt(-p / 3.0);
+        const double angle = std::acos(std::clamp(3.0 * q / (p * radius), -1.0, 1.0)) / 3.0;
+        n = 3;
+        for (int k = 0; k < 3; ++k) {
+            x[k] = radius * std::cos(angle - 2.0 * std::numbers::pi * k / 3.0);
+        }
+    } else if (surround(p) == 0.0) {
+        x[0] = 0.0;
+    } else {
+        n = 2;
+        x[0] = 3.0 * q / p;
+        x[1] = -1.5 * q / p;
+    }
+    for (unsigned long k = 0; k < n; ++k) {
+        x[k] = (x[k] - b1 / 3.0) * scale;
+    }
+    shellSort(x, static_cast<int>(n));
+}
+
+double COM_Real::surround(double x)
+{
+    return sgn(x) * std::floor(std::fabs(x) / rounding + 0.5) * rounding;
+}
+
+double COM_Real::sgn(double x)
+{
+    return static_cast<double>((x > 0.0) - (x < 0.0));
+}

@@ -1,0 +1,52 @@
+#pragma once
+#include "common/COM_Object.h"
+
+#include <string>
+
+/// A boxed real, and the texts of reals in forms and files. No operation depends on the locale.
+class COM_Real : public COM_Object
+{
+    COM_CLASS(COM_Real)
+public:
+    void setReal(double value) { mReal = value; }
+    double getReal() const { return mReal; }
+
+    /// Seven significant digits: `toString(x, 8, 6)`.
+    std::string toString() const override;
+    static std::string toString(double x);
+    /// What printf writes for "%<width>.<precision>e": blanks in front up to `width`, infinities and
+    /// not-a-numbers as inf and nan.
+    static std::string toString(double x, unsigned long width, unsigned long precision);
+    /// `x` rounded down to a multiple of `step`.
+    static std::string toString(double x, double step);
+    /// Appends the text of `toString(x, width, precision)` for a precision of at most 30, without
+    /// allocating when `text` has room: result files are written with it.
+    static void append(std::string& text, double x, unsigned long width, unsigned long precision);
+
+    /// Reads a number as the C library does, with Fortran exponents ("1.5D3"): blanks and a sign may
+    /// stand in front, hexadecimal numbers, inf and nan are known, reading stops at the first foreign
+    /// character, no number gives 0.
+    static double parseReal(const std::string& text);
+
+    /// Sorts `values[0..n)` in place, ascending, by Shell's method.
+    static void shellSort(double* values, int n);
+
+    /// Real roots of a x^2 + b x + c = 0, ascending and each once: at most 2 go to `x`, their number to
+    /// `n`. A polynomial without unknown has none.
+    static void solveEq2(double a, double b, double c, double* x, unsigned long& n);
+    /// Real roots of a x^3 + b x^2 + c x + d = 0, ascending and each once: at most 3 go to `x`, their
+    /// number to `n`. Cardano's formulas, in trigonometric form where there are three roots.
+    static void solveEq3(double a, double b, double c, double d, double* x, unsigned long& n);
+
+protected:
+    explicit COM_Real(double value = 0.0);
+    ~COM_Real() override = default;
+
+private:
+    /// The magnitude rounded to a multiple of 1e-12, with the sign given back.
+    static double surround(double x);
+    /// -1, 0 or 1.
+    static double sgn(double x);
+
+    double mReal;
+};

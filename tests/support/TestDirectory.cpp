@@ -1,0 +1,36 @@
+#include "support/TestDirectory.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+TestDirectory::TestDirectory()
+{
+    std::string name = (std::filesystem::temp_directory_path() / "quorvex-test-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) {
+        ADD_FAILURE() << "no temporary directory " << name;
+    }
+    mPath = name;
+}
+
+TestDirectory::~TestDirectory()
+{
+    std::error_code ignored;
+    std::filesystem::permissions(mPath, std::filesystem::perms::owner_all, ignored);
+    std::filesystem::remove_all(mPath, ignored);
+}
+
+std::string TestDirectory::write(const std::string& name, const std::string& text) const
+{
+    std::ofstream(file(name), std::ios::binary) << text;
+    return file(name);
+}
+
+std::string TestDirectory::read(const std::string& name) const
+{
+    std::ifstream stream(file(name), std::ios::binary);
+    EXPECT_TRUE(stream.is_open()) << file(name);
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
