@@ -10,6 +10,13 @@ LA_ComplexMatrix::LA_ComplexMatrix(unsigned long n, unsigned long p)
     COM_TYPE(LA_ComplexMatrix);
 }
 
+LA_ComplexMatrix::LA_ComplexMatrix(LA_Block<Complex>& block, unsigned long first, unsigned long n,
+                                   unsigned long p)
+    : LA_Matrix<Complex>(block, first, n, p)
+{
+    COM_TYPE(LA_ComplexMatrix);
+}
+
 LA_ComplexMatrix::LA_ComplexMatrix(const LA_ComplexMatrix& m)
     : LA_ComplexMatrix(m.getLinesNumber(), m.getColumnsNumber())
 {

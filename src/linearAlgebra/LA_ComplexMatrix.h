@@ -27,6 +27,8 @@ public:
 
 protected:
     LA_ComplexMatrix(unsigned long n, unsigned long p);
+    LA_ComplexMatrix(LA_Block<Complex>& block, unsigned long first, unsigned long n,
+                     unsigned long p);
     LA_ComplexMatrix(const LA_ComplexMatrix& m);
     explicit LA_ComplexMatrix(const LA_ComplexMatrix* m)
         : LA_ComplexMatrix(*m)

@@ -17,6 +17,16 @@ LA_Matrix<T>::LA_Matrix(unsigned long n, unsigned long p)
 }
 
 template <typename T>
+LA_Matrix<T>::LA_Matrix(LA_Block<T>& block, unsigned long first, unsigned long n, unsigned long p)
+    : mLinesNumber(n)
+    , mColumnsNumber(p)
+    , mValues(block.getValues() + first)
+{
+    COM_TYPE(LA_Matrix);
+    associate(mBlock, &block);
+}
+
+template <typename T>
 LA_Matrix<T>::~LA_Matrix()
 {
     releaseStorage();
@@ -211,7 +221,7 @@ void LA_Matrix<T>::loadFromMetaClass(const MM_Class& metaClass)
     if (const MM_Field* const field = metaClass.getAnnouncedFromMetaFields("mValues")) {
         field->getFromMetaValues(values);
     }
-    if (!isCredibleSize(n, p, values.size())) {
+    if (!metaClass.isCredibleSize(n, p, values.size())) {
         return;
     }
     values.resize(n * p);

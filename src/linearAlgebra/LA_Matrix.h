@@ -86,6 +86,8 @@ public:
 
 protected:
     LA_Matrix(unsigned long n, unsigned long p);
+    /// A matrix inside a block, with the values that stand there from its value `first` on.
+    LA_Matrix(LA_Block<T>& block, unsigned long first, unsigned long n, unsigned long p);
     ~LA_Matrix() override;
 
     bool isInside(unsigned long i, unsigned long j) const

@@ -93,6 +93,18 @@ MM_Field* MM_Class::getAnnouncedFromMetaFields(const std::string& name) const
     return field;
 }
 
+bool MM_Class::isCredibleSize(unsigned long lines, unsigned long columns,
+                              unsigned long stored) const
+{
+    const unsigned long limit = std::max(stored, alwaysCredible);
+    if (columns == 0 || lines <= limit / columns) {
+        return true;
+    }
+    std::cout << "size " << lines << " x " << columns << " of " << mName
+              << " is too large for its values: ignored.\n";
+    return false;
+}
+
 void MM_Class::addToNewParameters(const MM_Object& object)
 {
     mNewParameters.push_back(object.getIdentityString());

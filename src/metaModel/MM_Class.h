@@ -44,6 +44,11 @@ public:
     /// The field, or null after a line on standard output: for members that may not be missing.
     MM_Field* getAnnouncedFromMetaFields(const std::string& name) const;
 
+    /// True when an object that brings `stored` values may ask for `lines` times `columns` of them. A size
+    /// far beyond the values that came with it is a damaged file's; it is refused with a line on standard
+    /// output, before any memory is asked for.
+    bool isCredibleSize(unsigned long lines, unsigned long columns, unsigned long stored) const;
+
     /// Identities of objects that a factory gets as constructor parameters; kept in memory only.
     void addToNewParameters(const MM_Object& object);
     void removeNewParameters() { mNewParameters.clear(); }
