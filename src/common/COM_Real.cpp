@@ -5,6 +5,7 @@
 #include <clocale>
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 #include <numbers>
 #include <vector>
 
@@ -82,6 +83,18 @@ double COM_Real::parseReal(const std::string& text)
     std::replace(number.begin(), number.end(), 'D', 'E');
     std::replace(number.begin(), number.end(), 'd', 'e');
     return strtod_l(number.c_str(), nullptr, cLocale());
+}
+
+long COM_Real::toLong(double x)
+{
+    constexpr double beyond = 9223372036854775808.0; // 2^63
+    if (x >= beyond) {
+        return std::numeric_limits<long>::max();
+    }
+    if (x < -beyond) {
+        return std::numeric_limits<long>::min();
+    }
+    return x == x ? static_cast<long>(x) : 0;
 }
 
 void COM_Real::shellSort(double* values, int n)

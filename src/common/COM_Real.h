@@ -28,6 +28,9 @@ public:
     /// character, no number gives 0.
     static double parseReal(const std::string& text);
 
+    /// `x` without its fraction, cut to what a long can hold; not-a-number gives 0.
+    static long toLong(double x);
+
     /// Sorts `values[0..n)` in place, ascending, by Shell's method.
     static void shellSort(double* values, int n);
 

@@ -6,6 +6,12 @@
 #include <algorithm>
 #include <iostream>
 
+namespace {
+
+constexpr unsigned long alwaysCredible = 1000000; ///< Values that a file may lack.
+
+}
+
 MM_Class::MM_Class()
     : mMetaFields(COM_Map<std::string, MM_Field>::New())
 {

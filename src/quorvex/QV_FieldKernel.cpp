@@ -1,0 +1,302 @@
+#include "quorvex/QV_FieldKernel.h"
+
+#include "quorvex/QV_Inline.h"
+#include "quorvex/QV_Pack.h"
+#include "quorvex/QV_PackComplex.h"
+
+#include <algorithm>
+
+#pragma GCC diagnostic ignored "-Wpsabi" // no pack crosses a call that is not inlined
+
+namespace {
+
+using Fields = QV_FieldKernel::Fields;
+
+/// The component that component j drives, and the sign of the coupling.
+struct Rotation
+{
+    unsigned long mNext;
+    double mSign;
+    Rotation(unsigned long j, unsigned long p)
+        : mNext((j + 1) % p)
+        , mSign(j % 2 == 0 ? 1.0 : -1.0)
+    {}
+};
+
+QV_INLINE void faradayBody(const Fields& fields, double r)
+{
+    const unsigned long p = fields.mComponents;
+    for (unsigned long j = 0; j < p; ++j) {
+        const Rotation rotation(j, p);
+        const double sr = rotation.mSign * r;
+        double* const __restrict b = fields.mB + rotation.mNext;
+        const double* const __restrict e = fields.mE + j;
+        if (p == 1) {
+            for (unsigned long i = 0; i < fields.mLines; ++i) {
+                b[i] -= sr * (e[i + 1] - e[i]);
+            }
+        } else {
+            for (unsigned long i = 0; i < fields.mLines; ++i) {
+                b[i * p] -= sr * (e[(i + 1) * p] - e[i * p]);
+            }
+        }
+    }
+}
+
+/// `terms` is null in the empty zones.
+QV_INLINE void ampereBody(const Fields& fields, unsigned long first, unsigned long last, double r,
+                          double dt, const double* terms)
+{
+    const unsigned long p = fields.mComponents;
+    for (unsigned long j = 0; j < p; ++j) {
+        const Rotation rotation(j, p);
+        const double sr = rotation.mSign * r;
+        double* const __restrict e = fields.mE + j;
+        const double* const __restrict b = fields.mB + rotation.mNext;
+        if (terms == nullptr) {
+            for (unsigned long i = first; i <= last; ++i) {
+                e[i * p] -= sr * (b[i * p] - b[(i - 1) * p]);
+            }
+        } else if (p == 1) {
+            for (unsigned long i = first; i <= last; ++i) {
+                e[i] -= sr * (b[i] - b[i - 1]) + dt * terms[i - first];
+            }
+        } else {
+            for (unsigned long i = first; i <= last; ++i) {
+                e[i * p] -= sr * (b[i * p] - b[(i - 1) * p]) + dt * terms[(i - first) * p + j];
+            }
+        }
+    }
+}
+
+/// One node beside a line that does not exist.
+void ampereAtEdge(const Fields& fields, unsigned long node, double r, double dt,
+                  const double* terms)
+{
+    const unsigned long p = fields.mComponents;
+    for (unsigned long j = 0; j < p; ++j) {
+        const Rotation rotation(j, p);
+        const double after = node < fields.mLines ? fields.mB[node * p + rotation.mNext] : 0.0;
+        const double before = node > 0 ? fields.mB[(node - 1) * p + rotation.mNext] : 0.0;
+        fields.mE[node * p + j] -= rotation.mSign * r * (after - before) + dt * terms[j];
+    }
+}
+
+template <int W, int N>
+QV_INLINE void polarizationAt(const QV_Atoms& atoms, double factor, const double* rho,
+                              double* terms, double* work)
+{
+    using Pack = QV_Pack<W>;
+    using Real = typename Pack::Real;
+    using Complex = QV_PackComplex<Real>;
+    const unsigned long n = N > 0 ? N : atoms.mLevels;
+    const unsigned long m = atoms.mComponents;
+    Complex local[N > 0 ? N * N : 1];
+    Real localX[N > 0 ? N * N : 1];
+    Complex* const density = N > 0 ? local : reinterpret_cast<Complex*>(work);
+    Real* const X = N > 0 ? localX : reinterpret_cast<Real*>(work + 2 * n * n);
+    Pack::load(rho, 2 * n * n, 2 * n * n, &density->mRe);
+    for (unsigned long a = 0; a < n; ++a) {
+        for (unsigned long b = 0; b < n; ++b) {
+            const unsigned long i = a * n + b;
+            if (a != b) {
+                X[i] = -(atoms.mNu[2 * i] * density[i].mRe - atoms.mNu[2 * i + 1] * density[i].mIm);
+                continue;
+            }
+            // The row of the density, not its diagonal, so that coherences take part as well.
+            X[i] = Real{};
+            for (unsigned long k = 0; k < n; ++k) {
+                X[i] += density[a * n + k].mRe * atoms.mD[a * n + k];
+            }
+        }
+    }
+    for (unsigned long p = 0; p < m; ++p) {
+        const double* const P = atoms.mPs + p * n * n;
+        Real sum{};
+        for (unsigned long b = 0; b < n; ++b) {
+            Real column{};
+            for (unsigned long k = 0; k < n; ++k) {
+                column += X[k * n + b] * P[b * n + k];
+            }
+            sum += column;
+        }
+        // With several components the field itself enters the source with i E P, whose real part is zero.
+        Real term;
+        Pack::load(terms + p, m, 1, &term);
+        term += factor * (atoms.mDzeta * sum);
+        Pack::store(&term, m, 1, terms + p);
+    }
+}
+
+[[gnu::noinline]] void polarizationOneByOne(const QV_Atoms& atoms, double factor,
+                                            unsigned long first, unsigned long count,
+                                            const double* rho, double* terms)
+{
+    const unsigned long size = atoms.mLevels * atoms.mLevels;
+    constexpr unsigned long usual = 16;
+    double local[3 * usual];
+    double* const work = size <= usual ? local : new double[3 * size];
+    for (unsigned long i = first; i < count; ++i) {
+        polarizationAt<1, 0>(atoms, factor, rho + 2 * size * i, terms + atoms.mComponents * i,
+                             work);
+    }
+    if (work != local) {
+        delete[] work;
+    }
+}
+
+template <int W, int N>
+QV_INLINE void polarizationNodes(const QV_Atoms& atoms, double factor, unsigned long count,
+                                 const double* rho, double* terms)
+{
+    unsigned long i = 0;
+    for (; i + W <= count; i += W) {
+        polarizationAt<W, N>(atoms, factor, rho + 2 * N * N * i, terms + atoms.mComponents * i,
+                             nullptr);
+    }
+    polarizationOneByOne(atoms, factor, i, count, rho, terms);
+}
+
+template <int W>
+QV_INLINE void polarizationLevels(const QV_Atoms& atoms, double factor, unsigned long count,
+                                  const double* rho, double* terms)
+{
+    switch (atoms.mLevels) {
+    case 2:
+        polarizationNodes<W, 2>(atoms, factor, count, rho, terms);
+        break;
+    case 3:
+        polarizationNodes<W, 3>(atoms, factor, count, rho, terms);
+        break;
+    case 4:
+        polarizationNodes<W, 4>(atoms, factor, count, rho, terms);
+        break;
+    default:
+        polarizationOneByOne(atoms, factor, 0, count, rho, terms);
+        break;
+    }
+}
+
+// What the wrappers do, so that there is one for each instruction set and not one for each operation.
+enum class Task { FARADAY, AMPERE, POLARIZATION };
+
+struct Call
+{
+    Task mTask;
+    Fields mFields;
+    unsigned long mFirst;
+    unsigned long mLast;
+    double mR;
+    double mDt;
+    const double* mSource;
+    const QV_Atoms* mAtoms;
+    double mFactor;
+    const double* mRho;
+    double* mTerms;
+};
+
+template <int W>
+QV_INLINE void perform(const Call& call)
+{
+    switch (call.mTask) {
+    case Task::FARADAY:
+        faradayBody(call.mFields, call.mR);
+        break;
+    case Task::AMPERE:
+        ampereBody(call.mFields, call.mFirst, call.mLast, call.mR, call.mDt, call.mSource);
+        break;
+    case Task::POLARIZATION:
+        polarizationLevels<W>(*call.mAtoms, call.mFactor, call.mLast, call.mRho, call.mTerms);
+        break;
+    }
+}
+
+void performBaseline(const Call& call)
+{
+    perform<2>(call);
+}
+
+#if defined(__x86_64__)
+[[gnu::target("avx2")]] void performAvx2(const Call& call)
+{
+    perform<4>(call);
+}
+
+[[gnu::target("avx512f")]] void performAvx512(const Call& call)
+{
+    perform<8>(call);
+}
+#endif
+
+void dispatch(QV_InstructionSet::Level level, const Call& call)
+{
+    switch (level) {
+    case QV_InstructionSet::PLAIN:
+        if (call.mTask == Task::POLARIZATION) {
+            polarizationOneByOne(*call.mAtoms, call.mFactor, 0, call.mLast, call.mRho, call.mTerms);
+        } else {
+            performBaseline(call);
+        }
+        break;
+#if defined(__x86_64__)
+    case QV_InstructionSet::AVX2:
+        performAvx2(call);
+        break;
+    case QV_InstructionSet::AVX512:
+        performAvx512(call);
+        break;
+#endif
+    default:
+        performBaseline(call);
+        break;
+    }
+}
+
+} // namespace
+
+void QV_FieldKernel::faraday(QV_InstructionSet::Level level, const Fields& fields, double r)
+{
+    dispatch(level, {Task::FARADAY, fields, 0, 0, r, 0.0, nullptr, nullptr, 0.0, nullptr, nullptr});
+}
+
+void QV_FieldKernel::ampere(QV_InstructionSet::Level level, const Fields& fields, long first,
+                            long last, double r)
+{
+    if (first <= last) {
+        dispatch(level, {Task::AMPERE, fields, static_cast<unsigned long>(first),
+                         static_cast<unsigned long>(last), r, 0.0, nullptr, nullptr, 0.0, nullptr,
+                         nullptr});
+    }
+}
+
+void QV_FieldKernel::ampereWithSource(QV_InstructionSet::Level level, const Fields& fields,
+                                      long first, long last, double r, double dt,
+                                      const double* terms)
+{
+    if (first > last) {
+        return;
+    }
+    auto from = static_cast<unsigned long>(first);
+    auto to = static_cast<unsigned long>(last);
+    if (from == 0) {
+        ampereAtEdge(fields, from, r, dt, terms);
+        terms += fields.mComponents;
+        ++from;
+    }
+    if (to == fields.mLines && from <= to) {
+        ampereAtEdge(fields, to, r, dt, terms + (to - from) * fields.mComponents);
+        --to;
+    }
+    if (from <= to) {
+        dispatch(level,
+                 {Task::AMPERE, fields, from, to, r, dt, terms, nullptr, 0.0, nullptr, nullptr});
+    }
+}
+
+void QV_FieldKernel::addPolarization(QV_InstructionSet::Level level, const QV_Atoms& atoms,
+                                     double factor, unsigned long count, const double* rho,
+                                     double* terms)
+{
+    dispatch(level,
+             {Task::POLARIZATION, {}, 0, count, 0.0, 0.0, nullptr, &atoms, factor, rho, terms});
+}

@@ -1,0 +1,534 @@
+#include "quorvex/QV_IterationKernel.h"
+
+#include "quorvex/QV_Inline.h"
+#include "quorvex/QV_Pack.h"
+#include "quorvex/QV_PackComplex.h"
+
+#include <algorithm>
+
+#pragma GCC diagnostic ignored "-Wpsabi" // no pack crosses a call that is not inlined
+
+namespace {
+
+using Scheme = QV_IterationKernel::Scheme;
+using Nodes = QV_IterationKernel::Nodes;
+
+/// Constants of one call, shared by all nodes. Tables of products are formed once; forming them in the
+/// loop would give the same bits.
+struct Call
+{
+    const QV_Atoms* mAtoms;
+    double mDt;
+    double mDz2;
+    double mHalf;          ///< dt / 2
+    const double* mHalfD;  ///< (dt / 2) D
+    const double* mHalfW;  ///< (dt / 2) W
+    const double* mHalfNu; ///< (dt / 2) times decay and rotation of the coherences, complex
+    const double* mPNu;    ///< P[b][k] Nu[k][b], complex
+    double* mWork; ///< Densities of the plain form, when the level count is not known to it.
+};
+
+constexpr unsigned long densitiesInWork = 4; ///< rho, R, Rp and their sum.
+
+/// The iterates of W nodes with N levels; N = 0 reads the count from the atoms, for single nodes only.
+template <int W, int N>
+struct Block
+{
+    using Pack = QV_Pack<W>;
+    using Real = typename Pack::Real;
+    using Mask = typename Pack::Mask;
+    using Complex = QV_PackComplex<Real>;
+
+    unsigned long mLevels;
+    Complex mLocal[N > 0 ? densitiesInWork* N* N : 1];
+    Complex* mRho; ///< As they stood at entry.
+    Complex* mR;   ///< Present iterate.
+    Complex* mRp;  ///< Previous iterate.
+    Complex* mSum; ///< Rp + rho.
+    Real mE0;      ///< Field at entry.
+    Real mE;       ///< Present iterate.
+    Real mEp;      ///< Previous iterate.
+    Real mAux{};
+
+    QV_INLINE unsigned long levels() const { return N > 0 ? N : mLevels; }
+
+    QV_INLINE void load(const Call& call, const Nodes& nodes, unsigned long first)
+    {
+        mLevels = call.mAtoms->mLevels;
+        const unsigned long size = levels() * levels();
+        if constexpr (N > 0) {
+            mRho = mLocal;
+        } else {
+            mRho = reinterpret_cast<Complex*>(call.mWork);
+        }
+        mR = mRho + size;
+        mRp = mR + size;
+        mSum = mRp + size;
+        // A complex pack is its real part followed by its imaginary part.
+        Pack::load(nodes.mRho + 2 * size * first, 2 * size, 2 * size, &mRho->mRe);
+        Pack::load(nodes.mE + first, 1, 1, &mE0);
+        if (nodes.mAux != nullptr) {
+            Pack::load(nodes.mAux + first, 1, 1, &mAux);
+        }
+        for (unsigned long i = 0; i < size; ++i) {
+            mR[i].mRe =
+                mRho[i].mRe; // part by part: a copy of the whole is cut into pieces that stall
+            mR[i].mIm = mRho[i].mIm;
+        }
+        mE = mE0;
+    }
+
+    /// Makes the present iterate the previous one.
+    QV_INLINE void turn()
+    {
+        mEp = mE;
+        for (unsigned long i = 0; i < levels() * levels(); ++i) {
+            mRp[i].mRe = mR[i].mRe;
+            mRp[i].mIm = mR[i].mIm;
+            mSum[i].mRe = mRp[i].mRe + mRho[i].mRe;
+            mSum[i].mIm = mRp[i].mIm + mRho[i].mIm;
+        }
+    }
+
+    /// Takes the present iterate back in the lanes that have come to an end before.
+    QV_INLINE void freeze(const Mask& active)
+    {
+        mE = active ? mE : mEp;
+        for (unsigned long i = 0; i < levels() * levels(); ++i) {
+            mR[i].mRe = active ? mR[i].mRe : mRp[i].mRe;
+            mR[i].mIm = active ? mR[i].mIm : mRp[i].mIm;
+        }
+    }
+
+    QV_INLINE void store(const Nodes& nodes, unsigned long first, bool isFieldAdvanced) const
+    {
+        const unsigned long size = levels() * levels();
+        Pack::store(&mR->mRe, 2 * size, 2 * size, nodes.mRho + 2 * size * first);
+        if (isFieldAdvanced) {
+            Pack::store(&mE, 1, 1, nodes.mE + first);
+        }
+    }
+
+    /// C[a][b] = sum over k of (P[a][k] S[k][b] - P[k][b] S[a][k]), S being Rp + rho.
+    QV_INLINE void commutator(const double* P, unsigned long a, unsigned long b, Complex& C) const
+    {
+        const unsigned long n = levels();
+        C.mRe = Real{};
+        C.mIm = Real{};
+        for (unsigned long k = 0; k < n; ++k) {
+            const Complex& kb = mSum[k * n + b];
+            const Complex& ak = mSum[a * n + k];
+            C.mRe += P[a * n + k] * kb.mRe - P[k * n + b] * ak.mRe;
+            C.mIm += P[a * n + k] * kb.mIm - P[k * n + b] * ak.mIm;
+        }
+    }
+
+    /// Re((R - Rp)^2) at a diagonal element: the complex square, not the squared modulus.
+    QV_INLINE void addDiagonalResidual(unsigned long a, Real& sum) const
+    {
+        const unsigned long i = a * levels() + a;
+        const Real re = mR[i].mRe - mRp[i].mRe;
+        const Real im = mR[i].mIm - mRp[i].mIm;
+        sum += re * re - im * im;
+    }
+
+    /// R[c][a] = conj(R[a][c]), and 2 Re((R - Rp)[c][a] (R - Rp)[a][c]) on top of `sum`.
+    QV_INLINE void mirror(unsigned long a, unsigned long c, Real& sum)
+    {
+        const unsigned long ac = a * levels() + c;
+        const unsigned long ca = c * levels() + a;
+        mR[ca].mRe = mR[ac].mRe;
+        mR[ca].mIm = -mR[ac].mIm;
+        const Real re1 = mR[ca].mRe - mRp[ca].mRe;
+        const Real im1 = mR[ca].mIm - mRp[ca].mIm;
+        const Real re2 = mR[ac].mRe - mRp[ac].mRe;
+        const Real im2 = mR[ac].mIm - mRp[ac].mIm;
+        sum += 2.0 * (re1 * re2 - im1 * im2);
+    }
+};
+
+/// R[a][b] = rho[a][b] + (dt / 2) (i E C[a][b] - Nu[a][b] S[a][b]), on the diagonal with
+/// sum over k of (dt / 2) D[a][k] S[k][k] on top. The residual covers all elements.
+template <int W, int N>
+QV_INLINE void updateCrank(const Call& call, Block<W, N>& block,
+                           typename Block<W, N>::Real& residual)
+{
+    using Real = typename Block<W, N>::Real;
+    using Complex = typename Block<W, N>::Complex;
+    const unsigned long n = block.levels();
+    const double* const nu = call.mAtoms->mNu;
+    Real sum{};
+    for (unsigned long a = 0; a < n; ++a) {
+        for (unsigned long b = 0; b <= a; ++b) {
+            const unsigned long i = a * n + b;
+            Complex C;
+            block.commutator(call.mAtoms->mPs, a, b, C);
+            const Complex& s = block.mSum[i];
+            const double nuRe = nu[2 * i];
+            const double nuIm = nu[2 * i + 1];
+            block.mR[i].mRe = block.mRho[i].mRe
+                              + call.mHalf * (-block.mE0 * C.mIm - (nuRe * s.mRe - nuIm * s.mIm));
+            block.mR[i].mIm = block.mRho[i].mIm
+                              + call.mHalf * (block.mE0 * C.mRe - (nuRe * s.mIm + nuIm * s.mRe));
+        }
+        Real gainRe{};
+        Real gainIm{};
+        for (unsigned long k = 0; k < n; ++k) {
+            gainRe += call.mHalfD[a * n + k] * block.mSum[k * n + k].mRe;
+            gainIm += call.mHalfD[a * n + k] * block.mSum[k * n + k].mIm;
+        }
+        block.mR[a * n + a].mRe += gainRe;
+        block.mR[a * n + a].mIm += gainIm;
+        block.addDiagonalResidual(a, sum);
+        for (unsigned long c = 0; c < a; ++c) {
+            block.mirror(a, c, sum);
+        }
+    }
+    residual = call.mDz2 * sum;
+}
+
+/// The polarization's part of Ampere's equation at a node, to be scaled by the coupling.
+/// P, PRED_CORR: sum over a, k of Re(P[a][k] (R - rho)[k][a]), the increment of the polarization.
+/// ZIOLKO: sum over b, k of Re(P[b][k] Nu[k][b] (R + rho)[k][b]) dt / 2, its time derivative.
+template <Scheme S, int W, int N>
+QV_INLINE void polarizationStep(const Call& call, const Block<W, N>& block,
+                                typename Block<W, N>::Real& T)
+{
+    using Complex = typename Block<W, N>::Complex;
+    const unsigned long n = block.levels();
+    T = typename Block<W, N>::Real{};
+    for (unsigned long a = 0; a < n; ++a) {
+        for (unsigned long k = 0; k < n; ++k) {
+            if constexpr (S == Scheme::ZIOLKO) {
+                const Complex& s = block.mSum[k * n + a];
+                const double* const pNu = call.mPNu + 2 * (a * n + k);
+                T += (pNu[0] * s.mRe - pNu[1] * s.mIm) * call.mDt * 0.5;
+            } else {
+                T += call.mAtoms->mPs[a * n + k]
+                     * (block.mR[k * n + a].mRe - block.mRho[k * n + a].mRe);
+            }
+        }
+    }
+}
+
+/// Field and density together. E = E0 - T dzeta + S; the density sees the sum of E0 and the previous
+/// iterate of the field: R[a][c] = rho[a][c] + i (dt / 4) (E0 + Ep) C[a][c] - (dt / 2) z S[a][c], with
+/// z = Nu[a][c], or i (omega[a] - omega[c]) + gamma for PRED_CORR. Populations are real. The residual
+/// restarts with each row, so the test sees the last row and the field alone: a sum over all rows would
+/// take more iterations and change every result on disk.
+template <Scheme S, int W, int N>
+QV_INLINE void updateCoupled(const Call& call, Block<W, N>& block,
+                             typename Block<W, N>::Real& residual)
+{
+    using Real = typename Block<W, N>::Real;
+    using Complex = typename Block<W, N>::Complex;
+    const unsigned long n = block.levels();
+    Real T;
+    polarizationStep<S>(call, block, T);
+    block.mE = (block.mE0 - T * call.mAtoms->mDzeta) + block.mAux;
+    const Real g = (call.mDt * 0.25) * (block.mEp + block.mE0);
+
+    Real sum{};
+    for (unsigned long a = 0; a < n; ++a) {
+        sum = Real{};
+        for (unsigned long c = 0; c < a; ++c) {
+            const unsigned long i = a * n + c;
+            Complex C;
+            block.commutator(call.mAtoms->mPs, a, c, C);
+            const Complex& s = block.mSum[i];
+            const double zRe = call.mHalfNu[2 * i];
+            const double zIm = call.mHalfNu[2 * i + 1];
+            block.mR[i].mRe = (block.mRho[i].mRe - g * C.mIm) - (zRe * s.mRe - zIm * s.mIm);
+            block.mR[i].mIm = (block.mRho[i].mIm + g * C.mRe) - (zRe * s.mIm + zIm * s.mRe);
+            block.mirror(a, c, sum);
+        }
+        const unsigned long aa = a * n + a;
+        Complex C;
+        block.commutator(call.mAtoms->mPs, a, a, C);
+        Real gain{};
+        for (unsigned long k = 0; k < n; ++k) {
+            const Real& sk = block.mSum[k * n + k].mRe;
+            if constexpr (S == Scheme::PRED_CORR) {
+                // The loss term is the same for every k, so the populations gain on the whole.
+                gain += call.mAtoms->mW[a * n + k] * sk - call.mAtoms->mW[aa] * block.mSum[aa].mRe;
+            } else {
+                gain += call.mHalfW[a * n + k] * sk;
+            }
+        }
+        if constexpr (S == Scheme::PRED_CORR) {
+            block.mR[aa].mRe =
+                (-(g * C.mIm) + gain * call.mDt * 0.5) + (C.mRe + block.mRho[aa].mRe);
+        } else {
+            block.mR[aa].mRe =
+                ((-(g * C.mIm) + gain) + call.mHalfD[aa] * block.mSum[aa].mRe) + block.mRho[aa].mRe;
+        }
+        block.mR[aa].mIm = Real{};
+        block.addDiagonalResidual(a, sum);
+    }
+    const Real change = block.mEp - block.mE;
+    residual = (change * change + sum) * call.mDz2;
+}
+
+/// R[a][a] = rho[a][a] + (dt / 2) (i (Eold + E) (C1 - C2) + sum over k of (Rp + rho)[k][k] D[a][k]), with
+/// C1 and C2 from the coherences, which stay.
+template <int W, int N>
+QV_INLINE void updateDiagonal(const Call& call, Block<W, N>& block,
+                              typename Block<W, N>::Real& residual)
+{
+    using Real = typename Block<W, N>::Real;
+    const unsigned long n = block.levels();
+    const double* const P = call.mAtoms->mPs;
+    const double* const D = call.mAtoms->mD;
+    const Real fields = block.mAux + block.mE0;
+    Real sum{};
+    for (unsigned long a = 0; a < n; ++a) {
+        Real re1{};
+        Real im1{};
+        Real re2{};
+        Real im2{};
+        Real gainRe{};
+        Real gainIm{};
+        for (unsigned long k = 0; k < n; ++k) {
+            if (k != a) {
+                re1 += P[a * n + k] * block.mRho[k * n + a].mRe;
+                im1 += P[a * n + k] * block.mRho[k * n + a].mIm;
+                re2 += P[k * n + a] * block.mRho[a * n + k].mRe;
+                im2 += P[k * n + a] * block.mRho[a * n + k].mIm;
+            }
+            gainRe += block.mSum[k * n + k].mRe * D[a * n + k];
+            gainIm += block.mSum[k * n + k].mIm * D[a * n + k];
+        }
+        const unsigned long aa = a * n + a;
+        block.mR[aa].mRe = block.mRho[aa].mRe + call.mHalf * (-fields * (im1 - im2) + gainRe);
+        block.mR[aa].mIm = block.mRho[aa].mIm + call.mHalf * (fields * (re1 - re2) + gainIm);
+        block.addDiagonalResidual(a, sum);
+    }
+    residual = sum;
+}
+
+template <Scheme S, int W, int N>
+QV_INLINE void update(const Call& call, Block<W, N>& block, typename Block<W, N>::Real& residual)
+{
+    if constexpr (S == Scheme::CRANK) {
+        updateCrank(call, block, residual);
+    } else if constexpr (S == Scheme::RELAX_DIAG) {
+        updateDiagonal(call, block, residual);
+    } else {
+        updateCoupled<S>(call, block, residual);
+    }
+}
+
+/// True when the residual carried over lets a node enter its loop.
+QV_INLINE bool isEntered(const QV_Atoms& atoms, double norm0)
+{
+    return norm0 * atoms.mConvergence < 1.0;
+}
+
+/// Iterates at W nodes from `first` on. `norm0` holds the first residual of the node before, and gets that
+/// of the last node. False, with nothing changed, when a node would keep a later one of them from its loop:
+/// then they have to be treated one by one. Requires: `norm0` lets the first node enter its loop.
+template <Scheme S, int W, int N>
+QV_INLINE bool iterate(const Call& call, const Nodes& nodes, unsigned long first, double& norm0)
+{
+    using Pack = QV_Pack<W>;
+    const QV_Atoms& atoms = *call.mAtoms;
+    Block<W, N> block;
+    block.load(call, nodes, first);
+    typename Pack::Real firstResidual{};
+    typename Pack::Real residual{};
+    typename Pack::Mask active = residual == residual; // every lane
+    unsigned long iterations[W] = {};
+    unsigned long iteration = 0;
+    do {
+        ++iteration;
+        block.turn();
+        update<S>(call, block, residual);
+        if (iteration == 1) {
+            firstResidual = residual;
+        } else if constexpr (W > 1) {
+            block.freeze(active);
+        }
+        for (int lane = 0; lane < W; ++lane) {
+            if (Pack::isSet(active, lane)) {
+                iterations[lane] = iteration;
+            }
+        }
+        active = active & (atoms.mConvergence * firstResidual < residual);
+    } while (iteration < atoms.mIterationsMax && Pack::isAny(active));
+
+    for (int lane = 0; lane + 1 < W; ++lane) {
+        if (!isEntered(atoms, Pack::get(firstResidual, lane))) {
+            return false;
+        }
+    }
+    norm0 = Pack::get(firstResidual, W - 1);
+    block.store(nodes, first, S != Scheme::CRANK && S != Scheme::RELAX_DIAG);
+    std::copy_n(iterations, W, nodes.mIterations + first);
+    return true;
+}
+
+/// The plain form: node by node, for any number of levels. Not inlined, so that it exists once.
+template <Scheme S>
+[[gnu::noinline]] void iterateOneByOne(const Call& call, const Nodes& nodes, unsigned long first,
+                                       unsigned long last, double& norm0)
+{
+    for (unsigned long node = first; node < last; ++node) {
+        if (call.mAtoms->mIterationsMax == 0 || !isEntered(*call.mAtoms, norm0)) {
+            nodes.mIterations[node] = 0;
+        } else {
+            iterate<S, 1, 0>(call, nodes, node, norm0);
+        }
+    }
+}
+
+template <Scheme S, int W, int N>
+QV_INLINE void advanceNodes(const Call& call, const Nodes& nodes)
+{
+    double norm0 = 1.0;
+    unsigned long node = 0;
+    for (; node + W <= nodes.mCount; node += W) {
+        const bool isSafe = call.mAtoms->mIterationsMax > 0 && isEntered(*call.mAtoms, norm0);
+        if (!isSafe || !iterate<S, W, N>(call, nodes, node, norm0)) {
+            iterateOneByOne<S>(call, nodes, node, node + W, norm0);
+        }
+    }
+    iterateOneByOne<S>(call, nodes, node, nodes.mCount, norm0);
+}
+
+template <Scheme S>
+void advancePlain(const Call& call, const Nodes& nodes)
+{
+    double norm0 = 1.0;
+    iterateOneByOne<S>(call, nodes, 0, nodes.mCount, norm0);
+}
+
+template <Scheme S, int W>
+QV_INLINE void advanceLevels(const Call& call, const Nodes& nodes)
+{
+    switch (call.mAtoms->mLevels) {
+    case 2:
+        advanceNodes<S, W, 2>(call, nodes);
+        break;
+    case 3:
+        advanceNodes<S, W, 3>(call, nodes);
+        break;
+    case 4:
+        advanceNodes<S, W, 4>(call, nodes);
+        break;
+    default:
+        advancePlain<S>(call, nodes);
+        break;
+    }
+}
+
+template <int W>
+QV_INLINE void advanceScheme(Scheme scheme, const Call& call, const Nodes& nodes)
+{
+    switch (scheme) {
+    case Scheme::CRANK:
+        advanceLevels<Scheme::CRANK, W>(call, nodes);
+        break;
+    case Scheme::P:
+        advanceLevels<Scheme::P, W>(call, nodes);
+        break;
+    case Scheme::ZIOLKO:
+        advanceLevels<Scheme::ZIOLKO, W>(call, nodes);
+        break;
+    case Scheme::PRED_CORR:
+        advanceLevels<Scheme::PRED_CORR, W>(call, nodes);
+        break;
+    case Scheme::RELAX_DIAG:
+        advanceLevels<Scheme::RELAX_DIAG, W>(call, nodes);
+        break;
+    }
+}
+
+void advancePlainScheme(Scheme scheme, const Call& call, const Nodes& nodes)
+{
+    switch (scheme) {
+    case Scheme::CRANK:
+        advancePlain<Scheme::CRANK>(call, nodes);
+        break;
+    case Scheme::P:
+        advancePlain<Scheme::P>(call, nodes);
+        break;
+    case Scheme::ZIOLKO:
+        advancePlain<Scheme::ZIOLKO>(call, nodes);
+        break;
+    case Scheme::PRED_CORR:
+        advancePlain<Scheme::PRED_CORR>(call, nodes);
+        break;
+    case Scheme::RELAX_DIAG:
+        advancePlain<Scheme::RELAX_DIAG>(call, nodes);
+        break;
+    }
+}
+
+void advanceBaseline(Scheme scheme, const Call& call, const Nodes& nodes)
+{
+    advanceScheme<2>(scheme, call, nodes);
+}
+
+#if defined(__x86_64__)
+[[gnu::target("avx2")]] void advanceAvx2(Scheme scheme, const Call& call, const Nodes& nodes)
+{
+    advanceScheme<4>(scheme, call, nodes);
+}
+
+[[gnu::target("avx512f")]] void advanceAvx512(Scheme scheme, const Call& call, const Nodes& nodes)
+{
+    advanceScheme<8>(scheme, call, nodes);
+}
+#endif
+
+} // namespace
+
+unsigned long QV_IterationKernel::advance(QV_InstructionSet::Level level, Scheme scheme,
+                                          const QV_Atoms& atoms, double dt, double dz2,
+                                          const Nodes& nodes, std::vector<double>& work)
+{
+    const unsigned long size = atoms.mLevels * atoms.mLevels;
+    work.resize(std::max<std::size_t>(work.size(), (6 + 2 * densitiesInWork) * size));
+    double* const halfD = work.data();
+    double* const halfW = halfD + size;
+    double* const halfNu = halfW + size;
+    double* const pNu = halfNu + 2 * size;
+    const double half = dt * 0.5;
+    for (unsigned long a = 0; a < atoms.mLevels; ++a) {
+        for (unsigned long b = 0; b < atoms.mLevels; ++b) {
+            const unsigned long i = a * atoms.mLevels + b;
+            const unsigned long t = b * atoms.mLevels + a;
+            halfD[i] = half * atoms.mD[i];
+            halfW[i] = half * atoms.mW[i];
+            if (scheme == PRED_CORR) {
+                halfNu[2 * i] = half * atoms.mTransversal;
+                halfNu[2 * i + 1] = half * (atoms.mOmega[a] - atoms.mOmega[b]);
+            } else {
+                halfNu[2 * i] = half * atoms.mNu[2 * i];
+                halfNu[2 * i + 1] = half * atoms.mNu[2 * i + 1];
+            }
+            pNu[2 * i] = atoms.mPs[i] * atoms.mNu[2 * t];
+            pNu[2 * i + 1] = atoms.mPs[i] * atoms.mNu[2 * t + 1];
+        }
+    }
+    const Call call{&atoms, dt, dz2, half, halfD, halfW, halfNu, pNu, pNu + 2 * size};
+    switch (level) {
+    case QV_InstructionSet::PLAIN:
+        advancePlainScheme(scheme, call, nodes);
+        break;
+#if defined(__x86_64__)
+    case QV_InstructionSet::AVX2:
+        advanceAvx2(scheme, call, nodes);
+        break;
+    case QV_InstructionSet::AVX512:
+        advanceAvx512(scheme, call, nodes);
+        break;
+#endif
+    default:
+        advanceBaseline(scheme, call, nodes);
+        break;
+    }
+    return nodes.mCount == 0
+               ? 0
+               : *std::max_element(nodes.mIterations, nodes.mIterations + nodes.mCount);
+}

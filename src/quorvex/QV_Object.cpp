@@ -1,0 +1,6 @@
+#include "quorvex/QV_Object.h"
+
+QV_Object::QV_Object()
+{
+    COM_TYPE(QV_Object);
+}
