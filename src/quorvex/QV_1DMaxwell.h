@@ -19,9 +19,12 @@ public:
     bool solveAmpereZiolko(double t, double dt) override;
     bool solveFaraday(double t, double dt) override;
 
+    /// What a former run has left: scaled cell size, active zone, and the state of the ends, which is null
+    /// before the first run.
     double getDz() const { return mDz; }
     long getFirstNode() const { return mIFirst; }
     long getLastNode() const { return mILast; }
+    const LA_RealVector* getMovingIncidentFieldValue() const { return mMovingIncidentFieldValue; }
 
 protected:
     QV_1DMaxwell();

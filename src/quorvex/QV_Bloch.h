@@ -113,6 +113,7 @@ public:
     LA_ComplexMatrix* getDensity(unsigned long index) const;
     /// Largest number of iterations of a node in the last step.
     unsigned long getIterationsNumber() const { return mIterMax; }
+    double getDz() const { return mDz; }
     long getFirstNode() const { return mIFirst; }
     long getLastNode() const { return mILast; }
     double getDzeta() const { return mDzeta; }

@@ -55,7 +55,9 @@ public:
     std::string token()
     {
         std::string text;
-        mStream >> text;
+        if (!(mStream >> text)) {
+            ++mMissing;
+        }
         return text;
     }
 
@@ -104,8 +106,11 @@ public:
         }
     }
 
+    unsigned long missing() const { return mMissing; }
+
 private:
     std::istream& mStream;
+    unsigned long mMissing = 0; ///< Numbers asked for behind the last one.
 };
 
 } // namespace
@@ -275,17 +280,15 @@ void QV_LoaderWriter::load(const std::string& file, QV_Problem* problem)
 }
 
 // Described object by object: the densities of a fine mesh would fill the memory as one tree.
-void QV_LoaderWriter::save(const std::string& file) const
+bool QV_LoaderWriter::save(const std::string& file) const
 {
-    if (mProblem != nullptr) {
-        MM_Parser::generateXMLMetaModelFile(file, *mProblem);
-    }
+    return mProblem == nullptr || MM_Parser::generateXMLMetaModelFile(file, *mProblem) == 0;
 }
 
-void QV_LoaderWriter::save(const std::string& file, QV_Problem* problem)
+bool QV_LoaderWriter::save(const std::string& file, QV_Problem* problem)
 {
     setProblem(problem);
-    save(file);
+    return save(file);
 }
 
 char* QV_LoaderWriter::stringToCharArray(const std::string& text)
@@ -496,6 +499,7 @@ bool QV_LoaderWriter::readMatrix(unsigned long n, const std::string& file, unsig
         rows.read(*equilibrium);
     }
 
+    mMissingNumbers = rows.missing();
     mProblem->generateBlochFrequencies(*levels);
     QV_Bloch::setTransversalRelaxation(transversal);
     for (unsigned long p = 0; p < dimension; ++p) {

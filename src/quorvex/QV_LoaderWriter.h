@@ -24,10 +24,11 @@ public:
     void load(const std::string& file);
     void load(const std::string& file, QV_Problem* problem);
     void load(const std::string& file, QV_Problem& problem) { load(file, &problem); }
-    /// Writes the present problem, if there is one. The name is relative to the working directory.
-    void save(const std::string& file) const;
-    void save(const std::string& file, QV_Problem* problem);
-    void save(const std::string& file, QV_Problem& problem) { save(file, &problem); }
+    /// Writes the present problem, if there is one. The name is relative to the working directory. False,
+    /// after a line on standard output, when the file cannot be written; the old one is then as it was.
+    bool save(const std::string& file) const;
+    bool save(const std::string& file, QV_Problem* problem);
+    bool save(const std::string& file, QV_Problem& problem) { return save(file, &problem); }
 
     /// Makes a new one-dimensional problem from a keyword file. False, after a line on standard output, when
     /// the file cannot be opened. A word that names no method or pulse ends the process with status 0.
@@ -44,6 +45,8 @@ public:
 
     /// "group attribute" of each value without default that the last keyword file did not give.
     const std::vector<std::string>& getMissingAttributes() const { return mMissingAttributes; }
+    /// How many numbers the last matrix file was short of.
+    unsigned long getMissingNumbers() const { return mMissingNumbers; }
     /// Name of the matrix file for a method and a relaxation type.
     static std::string matrixFileName(unsigned char method, unsigned char relaxation);
     /// A zero-terminated copy that the caller frees with delete[].
@@ -64,4 +67,5 @@ private:
 
     QV_Problem* mProblem = nullptr; ///< Counted.
     std::vector<std::string> mMissingAttributes;
+    unsigned long mMissingNumbers = 0;
 };

@@ -1,0 +1,33 @@
+# Sourced by run.sh, test.sh and .ci/run: ensure_packages PACKAGE... installs what is missing on a Debian
+# system, as root or through sudo. Elsewhere it says what is needed and lets the build find out.
+
+ensure_packages() {
+    if ! command -v dpkg-query >/dev/null 2>&1; then
+        echo "This system has no dpkg; needed are the equivalents of: $*" >&2
+        return 0
+    fi
+    missing=
+    for package in "$@"; do
+        status=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)
+        [ "$status" = installed ] || missing="$missing $package"
+    done
+    [ -n "$missing" ] || return 0
+    echo "Installing:$missing" >&2
+    as_root=
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null 2>&1; then
+            echo "Please install as root: apt-get install$missing" >&2
+            return 1
+        fi
+        as_root=sudo
+    fi
+    # shellcheck disable=SC2086
+    $as_root apt-get update -qq &&
+        $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
+}
+
+BUILD_PACKAGES="g++ cmake ninja-build ccache"
+TEST_PACKAGES="libgtest-dev"
+CLANG_PACKAGES="clang libclang-rt-14-dev"
+TOOL_PACKAGES="clang-format clang-tidy"
+BENCH_PACKAGES="libbenchmark-dev"
