@@ -666,40 +666,51 @@ void QV_Bloch::initLongitudinalRelaxationValues()
     if (mW == nullptr) {
         initLongitudinalRelaxation();
     }
-    const unsigned long n = mLevelsNumber;
     if (mRelaxationType == EQUILIBRE_RELAXATION_TYPE) {
-        const COM_Scoped diagonal(LA_RealMatrix::New(n, n));
-        for (unsigned long i = 0; i < n; ++i) {
+        const COM_Scoped diagonal(LA_RealMatrix::New(mLevelsNumber, mLevelsNumber));
+        for (unsigned long i = 0; i < mLevelsNumber; ++i) {
             (*diagonal)[i][i] = (*mW)[i][i];
         }
         associate(mRelaxDiag, diagonal.get());
+    } else if (mRelaxationType == CASCADE_RELAXATION_TYPE) {
+        initRelaxationFromRates(*mW);
     } else {
-        const bool isCascade = mRelaxationType == CASCADE_RELAXATION_TYPE;
-        if (!isCascade) {
-            // Detailed balance between each pair of levels.
-            for (unsigned long i = 1; i < n; ++i) {
-                for (unsigned long j = 0; j < i; ++j) {
-                    (*mWAdim)[j][i] = std::exp(((*mOmega)[j] - (*mOmega)[i]) * mBeta) * (*mW)[i][j];
-                }
-            }
-        }
-        const LA_RealMatrix& rates = isCascade ? *mW : *mWAdim;
-        const COM_Scoped relaxation(LA_RealMatrix::New(rates));
-        for (unsigned long i = 0; i < n; ++i) {
-            double loss = 0.0;
-            for (unsigned long j = 0; j < n; ++j) {
-                if (j != i) {
-                    loss += rates[j][i];
-                }
-            }
-            (*relaxation)[i][i] = -loss;
-        }
-        associate(mRelaxDiag, relaxation.get());
+        balanceRates();
+        initRelaxationFromRates(*mWAdim);
     }
+    initCoherenceRelaxation();
+}
 
-    const COM_Scoped nut(LA_ComplexMatrix::New(n, n));
-    for (unsigned long a = 0; a < n; ++a) {
-        for (unsigned long b = 0; b < n; ++b) {
+// Detailed balance between each pair of levels.
+void QV_Bloch::balanceRates()
+{
+    for (unsigned long i = 1; i < mLevelsNumber; ++i) {
+        for (unsigned long j = 0; j < i; ++j) {
+            (*mWAdim)[j][i] = std::exp(((*mOmega)[j] - (*mOmega)[i]) * mBeta) * (*mW)[i][j];
+        }
+    }
+}
+
+void QV_Bloch::initRelaxationFromRates(const LA_RealMatrix& rates)
+{
+    const COM_Scoped relaxation(LA_RealMatrix::New(rates));
+    for (unsigned long i = 0; i < mLevelsNumber; ++i) {
+        double loss = 0.0;
+        for (unsigned long j = 0; j < mLevelsNumber; ++j) {
+            if (j != i) {
+                loss += rates[j][i];
+            }
+        }
+        (*relaxation)[i][i] = -loss;
+    }
+    associate(mRelaxDiag, relaxation.get());
+}
+
+void QV_Bloch::initCoherenceRelaxation()
+{
+    const COM_Scoped nut(LA_ComplexMatrix::New(mLevelsNumber, mLevelsNumber));
+    for (unsigned long a = 0; a < mLevelsNumber; ++a) {
+        for (unsigned long b = 0; b < mLevelsNumber; ++b) {
             (*nut)[a][b] = {-0.5 * ((*mRelaxDiag)[b][b] + (*mRelaxDiag)[a][a])
                                 + 2.0 * mTransversalRelaxation,
                             (*mOmega)[a] - (*mOmega)[b]};

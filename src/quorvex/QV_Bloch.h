@@ -196,6 +196,11 @@ private:
 
     /// Builds the relaxation operators from the rates and frequencies in SI units.
     void initLongitudinalRelaxationValues();
+    /// Completes the scaled rates, which still are in SI units, by detailed balance.
+    void balanceRates();
+    /// D[i][j] = rates[i][j] with what flows off on the diagonal: each column adds up to zero.
+    void initRelaxationFromRates(const LA_RealMatrix& rates);
+    void initCoherenceRelaxation();
     /// Ampere's equation without the atoms: -r (H[j] - H[j - 1]) for each node of the medium, a line beyond
     /// the mesh counting as 0.
     void computeMBSecundMember(double dt, QV_Field& result);

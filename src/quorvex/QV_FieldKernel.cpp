@@ -151,7 +151,7 @@ QV_INLINE void polarizationNodes(const QV_Atoms& atoms, double factor, unsigned 
 {
     unsigned long i = 0;
     for (; i + W <= count; i += W) {
-        polarizationAt<W, N>(atoms, factor, rho + 2 * N * N * i, terms + atoms.mComponents * i,
+        polarizationAt<W, N>(atoms, factor, rho + 2UL * N * N * i, terms + atoms.mComponents * i,
                              nullptr);
     }
     polarizationOneByOne(atoms, factor, i, count, rho, terms);

@@ -39,31 +39,30 @@ struct Block
     using Mask = typename Pack::Mask;
     using Complex = QV_PackComplex<Real>;
 
+    static constexpr int LOCAL_SIZE = N > 0 ? static_cast<int>(densitiesInWork) * N* N : 1;
+
+    Complex mLocal[LOCAL_SIZE];
+    Real mE0{}; ///< Field at entry.
+    Real mE{};  ///< Present iterate.
+    Real mEp{}; ///< Previous iterate.
+    Real mAux{};
     unsigned long mLevels;
-    Complex mLocal[N > 0 ? densitiesInWork* N* N : 1];
     Complex* mRho; ///< As they stood at entry.
     Complex* mR;   ///< Present iterate.
     Complex* mRp;  ///< Previous iterate.
     Complex* mSum; ///< Rp + rho.
-    Real mE0;      ///< Field at entry.
-    Real mE;       ///< Present iterate.
-    Real mEp;      ///< Previous iterate.
-    Real mAux{};
 
     QV_INLINE unsigned long levels() const { return N > 0 ? N : mLevels; }
 
-    QV_INLINE void load(const Call& call, const Nodes& nodes, unsigned long first)
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): mLocal is filled below, clearing it costs a step
+    QV_INLINE Block(const Call& call, const Nodes& nodes, unsigned long first)
+        : mLevels(call.mAtoms->mLevels)
+        , mRho(N > 0 ? mLocal : reinterpret_cast<Complex*>(call.mWork))
+        , mR(mRho + levels() * levels())
+        , mRp(mR + levels() * levels())
+        , mSum(mRp + levels() * levels())
     {
-        mLevels = call.mAtoms->mLevels;
         const unsigned long size = levels() * levels();
-        if constexpr (N > 0) {
-            mRho = mLocal;
-        } else {
-            mRho = reinterpret_cast<Complex*>(call.mWork);
-        }
-        mR = mRho + size;
-        mRp = mR + size;
-        mSum = mRp + size;
         // A complex pack is its real part followed by its imaginary part.
         Pack::load(nodes.mRho + 2 * size * first, 2 * size, 2 * size, &mRho->mRe);
         Pack::load(nodes.mE + first, 1, 1, &mE0);
@@ -332,11 +331,11 @@ QV_INLINE bool iterate(const Call& call, const Nodes& nodes, unsigned long first
 {
     using Pack = QV_Pack<W>;
     const QV_Atoms& atoms = *call.mAtoms;
-    Block<W, N> block;
-    block.load(call, nodes, first);
+    Block<W, N> block(call, nodes, first);
     typename Pack::Real firstResidual{};
     typename Pack::Real residual{};
-    typename Pack::Mask active = residual == residual; // every lane
+    typename Pack::Mask active;
+    Pack::setAll(active);
     unsigned long iterations[W] = {};
     unsigned long iteration = 0;
     do {

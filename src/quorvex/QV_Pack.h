@@ -37,6 +37,7 @@ struct QV_Pack
 
     QV_INLINE static double get(const Real& pack, int lane) { return pack[lane]; }
     QV_INLINE static void set(Real& pack, int lane, double value) { pack[lane] = value; }
+    QV_INLINE static void setAll(Mask& mask) { mask = Mask{} == Mask{}; }
     QV_INLINE static bool isSet(const Mask& mask, int lane) { return mask[lane] != 0; }
     QV_INLINE static bool isAny(const Mask& mask)
     {
@@ -142,6 +143,7 @@ struct QV_Pack<1>
     using Mask = bool;
 
     static double get(const Real& pack, int /*lane*/) { return pack; }
+    static void setAll(Mask& mask) { mask = true; }
     static bool isSet(const Mask& mask, int /*lane*/) { return mask; }
     static bool isAny(const Mask& mask) { return mask; }
     static void load(const double* from, unsigned long /*stride*/, unsigned long count, Real* packs)

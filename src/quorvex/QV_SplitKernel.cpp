@@ -31,11 +31,13 @@ struct Block
     using Real = typename Pack::Real;
     using Complex = QV_PackComplex<Real>;
 
-    const Call* mCall;
-    unsigned long mLevels;
-    Complex mLocal[N > 0 ? matricesInWork* N* N : 1];
+    static constexpr int LOCAL_SIZE = N > 0 ? static_cast<int>(matricesInWork) * N* N : 1;
+
+    Complex mLocal[LOCAL_SIZE];
     Real mLocalE[N > 0 ? mostComponents : 1];
     Real mLocalPopulations[N > 0 ? N : 1];
+    const Call* mCall;
+    unsigned long mLevels;
     Complex* mRho;
     Complex* mU;
     Complex* mTemp;
@@ -45,22 +47,17 @@ struct Block
     QV_INLINE unsigned long levels() const { return N > 0 ? N : mLevels; }
     QV_INLINE unsigned long components() const { return mCall->mAtoms->mComponents; }
 
-    QV_INLINE void load(const Call& call, unsigned long first)
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): the arrays are filled before they are read
+    QV_INLINE Block(const Call& call, unsigned long first)
+        : mCall(&call)
+        , mLevels(call.mAtoms->mLevels)
+        , mRho(N > 0 ? mLocal : reinterpret_cast<Complex*>(call.mWork))
+        , mU(mRho + levels() * levels())
+        , mTemp(mU + levels() * levels())
+        , mE(N > 0 ? mLocalE : reinterpret_cast<Real*>(mTemp + levels() * levels()))
+        , mPopulations(N > 0 ? mLocalPopulations : mE + components())
     {
-        mCall = &call;
-        mLevels = call.mAtoms->mLevels;
         const unsigned long size = levels() * levels();
-        if constexpr (N > 0) {
-            mRho = mLocal;
-            mE = mLocalE;
-            mPopulations = mLocalPopulations;
-        } else {
-            mRho = reinterpret_cast<Complex*>(call.mWork);
-            mE = reinterpret_cast<Real*>(mRho + matricesInWork * size);
-            mPopulations = mE + components();
-        }
-        mU = mRho + size;
-        mTemp = mU + size;
         Pack::load(call.mRho + 2 * size * first, 2 * size, 2 * size, &mRho->mRe);
         Pack::load(call.mE + components() * first, components(), components(), mE);
     }
@@ -135,9 +132,9 @@ struct Block
             contract(mCall->mAtoms->mPs + i, 1, size, A);
             Complex numerator{Real{}, -2.0 * c * A};
             if (n > 2) {
-                Real A2;
-                contract(tables.mProducts2 + i, 2, size, A2);
-                numerator.mRe += 2.0 * c2 * A2;
+                Real squared;
+                contract(tables.mProducts2 + i, 2, size, squared);
+                numerator.mRe += 2.0 * c2 * squared;
             }
             if (n > 3) {
                 Real T;
@@ -269,8 +266,7 @@ struct Block
 [[gnu::noinline]] void advanceOneByOne(const Call& call, unsigned long first)
 {
     for (unsigned long node = first; node < call.mCount; ++node) {
-        Block<1, 0> block;
-        block.load(call, node);
+        Block<1, 0> block(call, node);
         block.advance();
         block.store(node);
     }
@@ -281,8 +277,7 @@ QV_INLINE void advanceNodes(const Call& call)
 {
     unsigned long node = 0;
     for (; node + W <= call.mCount; node += W) {
-        Block<W, N> block;
-        block.load(call, node);
+        Block<W, N> block(call, node);
         block.advance();
         block.store(node);
     }
@@ -329,9 +324,11 @@ void advanceBaseline(const Call& call)
 
 } // namespace
 
+// NOLINTBEGIN(readability-non-const-parameter): rho is advanced in place, through the call
 void QV_SplitKernel::advance(QV_InstructionSet::Level level, const QV_Atoms& atoms,
                              const Tables& tables, unsigned long count, double* rho,
                              const double* E, std::vector<double>& work)
+// NOLINTEND(readability-non-const-parameter)
 {
     const unsigned long needed =
         2 * matricesInWork * atoms.mLevels * atoms.mLevels + atoms.mComponents + atoms.mLevels;

@@ -24,8 +24,7 @@ std::string duration(double seconds)
 } // namespace
 
 RunProgress::RunProgress(RunOptions::Progress mode, bool isQuiet, unsigned long steps)
-    : mForm(NOTHING)
-    , mSteps(steps)
+    : mSteps(steps)
     , mBegin(Clock::now())
     , mLast(mBegin - refresh)
 {

@@ -32,7 +32,7 @@ private:
 
     enum Form { NOTHING, LIVE, LINES };
 
-    Form mForm;
+    Form mForm = NOTHING;
     unsigned long mSteps;
     Clock::time_point mBegin;
     Clock::time_point mLast;   ///< When the live line was written.
