@@ -1,0 +1,33 @@
+#!/bin/sh
+# Prints the tables of docs/performance.md: bench/table.sh BUILD_DIRECTORY
+# BUILD_DIRECTORY holds the preset bench. Each row is the best of three runs, solver and plain form by turns.
+set -eu
+solver=$1/bench/quorvex_solver_bench
+memory=$1/bench/quorvex_memory_bench
+
+echo "Machine: $(sed -n 's/^model name[^:]*: //p' /proc/cpuinfo | head -n 1), $(nproc) cores"
+echo "Compiler: $(c++ --version | head -n 1)"
+echo "Date: $(date +%F)"
+echo
+echo "| scheme | levels | solver, million node-steps/s | plain form | ratio |"
+echo "|---|---|---|---|---|"
+"$solver" --benchmark_repetitions=3 --benchmark_format=csv 2>/dev/null | awk -F, '
+    /^"(solver|plain)\// && !/_(mean|median|stddev|cv)"/ {
+        gsub(/"/, "", $1)
+        split($1, name, "/")
+        sub("levels:", "", name[3])
+        key = name[2] " | " name[3]
+        if (!(key in seen)) { seen[key] = 1; order[++count] = key }
+        value = $NF + 0
+        if (value > best[name[1], key]) best[name[1], key] = value
+    }
+    END {
+        for (i = 1; i <= count; ++i) {
+            s = best["solver", order[i]]; p = best["plain", order[i]]
+            printf "| %s | %.1f | %.1f | %.1f |\n", order[i], s / 1e6, p / 1e6, s / p
+        }
+    }'
+echo
+echo "A million nodes, two levels, one system:"
+echo
+"$memory" | sed 's/^/    /'
