@@ -79,10 +79,19 @@ void COM_Real::append(std::string& text, double x, unsigned long width, unsigned
 
 double COM_Real::parseReal(const std::string& text)
 {
+    std::size_t length = 0;
+    return parseReal(text, length);
+}
+
+double COM_Real::parseReal(const std::string& text, std::size_t& length)
+{
     std::string number = text;
     std::replace(number.begin(), number.end(), 'D', 'E');
     std::replace(number.begin(), number.end(), 'd', 'e');
-    return strtod_l(number.c_str(), nullptr, cLocale());
+    char* end = nullptr;
+    const double value = strtod_l(number.c_str(), &end, cLocale());
+    length = static_cast<std::size_t>(end - number.c_str());
+    return value;
 }
 
 long COM_Real::toLong(double x)

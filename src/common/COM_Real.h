@@ -27,6 +27,8 @@ public:
     /// stand in front, hexadecimal numbers, inf and nan are known, reading stops at the first foreign
     /// character, no number gives 0.
     static double parseReal(const std::string& text);
+    /// The same, telling how many characters the number takes: none when there is no number.
+    static double parseReal(const std::string& text, std::size_t& length);
 
     /// `x` without its fraction, cut to what a long can hold; not-a-number gives 0.
     static long toLong(double x);

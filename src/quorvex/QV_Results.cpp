@@ -1,11 +1,11 @@
 #include "quorvex/QV_Results.h"
 
+#include "common/COM_Real.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
-#include <clocale>
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
@@ -156,12 +156,6 @@ bool Scanner::fill()
 
 // ---------------------------------------------------------------- numbers
 
-locale_t cLocale()
-{
-    static const locale_t locale = newlocale(LC_ALL_MASK, "C", nullptr);
-    return locale;
-}
-
 /// Reads the number at the start of `word` as COM_Real::parseReal does, and tells how many letters
 /// it takes: none when there is no number, `value` then being 0.
 std::size_t parseReal(std::string_view word, double& value)
@@ -172,12 +166,9 @@ std::size_t parseReal(std::string_view word, double& value)
     if (error == std::errc() && end == word.data() + word.size() && std::isfinite(value)) {
         return word.size();
     }
-    std::string text(word);
-    std::replace(text.begin(), text.end(), 'D', 'E');
-    std::replace(text.begin(), text.end(), 'd', 'e');
-    char* rest = nullptr;
-    value = strtod_l(text.c_str(), &rest, cLocale());
-    return static_cast<std::size_t>(rest - text.c_str());
+    std::size_t length = 0;
+    value = COM_Real::parseReal(std::string(word), length);
+    return length;
 }
 
 /// The same as COM_Integer::parseInt does.
