@@ -126,12 +126,12 @@ std::vector<QV_ProblemCheck::Finding> QV_ProblemCheck::check(const QV_Problem& p
     check.checkLight();
     check.checkAtoms();
     check.checkMethod();
+    check.checkEnds();
     check.checkFiles(directory);
     check.noteTimeStep();
     check.noteUnused();
     check.noteScheme();
     check.noteSplitting();
-    check.noteEnds();
     check.noteReach();
     check.noteKept();
     std::stable_sort(check.mFindings.begin(), check.mFindings.end(),
@@ -525,13 +525,34 @@ void QV_ProblemCheck::noteSplitting()
     }
 }
 
-void QV_ProblemCheck::noteEnds()
+void QV_ProblemCheck::checkEnds()
 {
-    if (mMaxwell.isLaserType() || mMaxwell.isReflexifLaserType()) {
+    const QV_1DMilieu::Mesh mesh = mMilieu.computeMesh();
+    const bool isLaser = mMaxwell.isLaserType() || mMaxwell.isReflexifLaserType();
+    if (!mesh.isValid()) {
+        return;
+    }
+    if (isLaser && mesh.mFirstActive == 1) {
+        add(HARMS, "Milieu Begining Position", text(mMilieu.getStartingPosition()),
+            "the end of a cavity beside atoms at node 1 makes the field grow without limit; start "
+            "the "
+            "active zone at node 2, that is from %1 % on.",
+            {text(300.0 / static_cast<double>(mesh.mNodesNumber))});
+    } else if (isLaser) {
         add(NOTE, "Reflexive Coef:", text(mMaxwell.getLaserReflectorFactor()),
             "both ends of a cavity reflect the whole field whatever this factor is, while the "
-            "cells beside them are "
-            "empty.");
+            "cells "
+            "beside them are empty.");
+    }
+    const long last = mesh.mNodesNumber - 1;
+    if (mesh.mLastActive == last && isCoupled()) {
+        add(HARMS, "Milieu Ending Position", text(mMilieu.getEndingPosition()),
+            "with atoms up to the last node this method makes the field grow without limit; leave "
+            "two "
+            "empty cells.");
+    } else if (mesh.mLastActive == last || (mesh.mLastActive == last - 1 && isCoupled())) {
+        add(NOTE, "Milieu Ending Position", text(mMilieu.getEndingPosition()),
+            "atoms so near to the end make it reflect noticeably; leave two empty cells.");
     }
 }
 

@@ -55,13 +55,13 @@ private:
     void checkLight();
     void checkAtoms();
     void checkMethod();
+    void checkEnds();
     void checkFiles(const std::string& directory);
     void noteTimeStep();
     void noteFrequency(const LA_RealVector* omega);
     void noteUnused();
     void noteScheme();
     void noteSplitting();
-    void noteEnds();
     void noteReach();
     void noteKept();
 
