@@ -1,4 +1,17 @@
 # Install rules and packages: cpack in a build directory gives TGZ and DEB.
+install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+# Manual pages are installed compressed, as Debian keeps them. -n leaves out the date: the same bytes each time.
+find_program(QUORVEX_GZIP gzip REQUIRED)
+set(manual "${PROJECT_BINARY_DIR}/quorvex-run.1.gz")
+add_custom_command(OUTPUT "${manual}"
+  COMMAND ${QUORVEX_GZIP} -9nc "${PROJECT_SOURCE_DIR}/packaging/quorvex-run.1" > "${manual}"
+  DEPENDS packaging/quorvex-run.1
+  VERBATIM)
+add_custom_target(quorvex_manual ALL DEPENDS "${manual}")
+install(FILES "${manual}" DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+
 set(CPACK_PACKAGE_NAME quorvex)
 set(CPACK_PACKAGE_VENDOR "Quorvex")
 set(CPACK_PACKAGE_CONTACT "The Quorvex developers <quorvex@example.org>")

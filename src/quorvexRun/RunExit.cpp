@@ -1,5 +1,7 @@
 #include "quorvexRun/RunExit.h"
 
+#include "quorvexRun/RunProgress.h"
+
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -19,6 +21,7 @@ void endFromInside()
     }
     std::cout.flush();
     std::fflush(nullptr);
+    RunProgress::endLine();
     const bool isReading = currentPhase == RunExit::READING;
     if (isReading) {
         std::cerr << "quorvex-run: " << currentInput
@@ -33,6 +36,8 @@ void endFromInside()
 void countInterrupt(int /*signal*/)
 {
     interrupts = 1;
+    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGTERM, SIG_DFL);
 }
 
 } // namespace
@@ -49,9 +54,14 @@ void RunExit::catchInterrupts()
     struct sigaction action
     {};
     action.sa_handler = countInterrupt;
-    action.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
+    action.sa_flags = SA_RESTART;
     sigaction(SIGINT, &action, nullptr);
     sigaction(SIGTERM, &action, nullptr);
+}
+
+void RunExit::outliveFullDisks()
+{
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 bool RunExit::isInterrupted()

@@ -23,5 +23,7 @@ public:
     static void enter(Phase phase, const std::string& input = {});
     /// From now on an interrupt is remembered; a second one ends the process at once.
     static void catchInterrupts();
+    /// A file that becomes larger than the user may write is a failed write, not the end of the process.
+    static void outliveFullDisks();
     static bool isInterrupted();
 };

@@ -11,6 +11,7 @@
 
 #include <fstream>
 #include <iterator>
+#include <sstream>
 
 namespace {
 
@@ -22,8 +23,13 @@ constexpr std::size_t tailSize = 64; ///< Bytes at a file's end, among which its
 /// The whole file, or, where `onlyTail` says so, its last bytes.
 std::string contents(const std::filesystem::path& file, bool onlyTail)
 {
-    std::ifstream stream(file, std::ios::binary);
-    if (!std::filesystem::is_regular_file(file) || !stream.is_open()) {
+    // Looked at first: to open a pipe would wait for its other end.
+    std::error_code ignored;
+    std::ifstream stream;
+    if (std::filesystem::is_regular_file(file, ignored)) {
+        stream.open(file, std::ios::binary);
+    }
+    if (!stream.is_open()) {
         throw RunError("the file " + file.string() + " cannot be read");
     }
     if (onlyTail) {
@@ -31,6 +37,23 @@ std::string contents(const std::filesystem::path& file, bool onlyTail)
         stream.seekg(static_cast<std::streamoff>(size > tailSize ? size - tailSize : 0));
     }
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+/// Whether each group "&keyword ... /" has its end. What follows it on the line is a comment.
+bool areGroupsClosed(const std::string& keywords)
+{
+    std::istringstream stream(keywords);
+    std::string token;
+    bool isClosed = true;
+    while (stream >> token) {
+        if (token.starts_with('&')) {
+            isClosed = false;
+        } else if (!isClosed && (token.starts_with('/') || token.ends_with('/'))) {
+            isClosed = true;
+            std::getline(stream, token);
+        }
+    }
+    return isClosed;
 }
 
 } // namespace
@@ -124,6 +147,10 @@ QV_1DProblem* RunInput::readOlder()
         throw RunError("the file " + directory + keywordFile
                        + " has no group of keywords, such as \"&champ lambda=1.5e-6 /\"");
     }
+    if (!areGroupsClosed(keywords)) {
+        throw RunError("the file " + directory + keywordFile
+                       + " is cut off: its last group does not end with /");
+    }
     const COM_Scoped loader(QV_LoaderWriter::New());
     loader->create1DMaxwellProblem(directory);
     auto* const problem = dynamic_cast<QV_1DProblem*>(loader->getProblem());
@@ -132,7 +159,8 @@ QV_1DProblem* RunInput::readOlder()
     }
     const std::string matrices =
         QV_LoaderWriter::matrixFileName(problem->getMethod(), QV_Bloch::getRelaxationType());
-    if (!std::filesystem::is_regular_file(directory + matrices)) {
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(directory + matrices, ignored)) {
         throw RunError("the directory " + directory + " lacks " + matrices
                        + ", which holds the atoms' frequencies and matrices");
     }

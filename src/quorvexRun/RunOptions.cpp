@@ -84,15 +84,35 @@ std::pair<std::string, std::string> settingOf(const std::string& text)
     return {text.substr(0, equal), text.substr(equal + 1)};
 }
 
+constexpr const char* hint = "; quorvex-run --help lists the options";
+
 /// What is wrong with the word that getopt stopped at.
 std::string usageError(int result, char** argv)
 {
-    const std::string word = optopt != 0 && optopt < METHOD
-                                 ? std::string("-") + static_cast<char>(optopt)
-                                 : argv[optind - 1];
-    const std::string fault = result == ':' ? "the option " + word + " needs a value"
-                                            : "unknown or ambiguous option " + word;
-    return fault + "; quorvex-run --help lists the options";
+    const option* const known =
+        std::find_if(std::begin(longOptions), std::end(longOptions) - 1,
+                     [](const option& candidate) { return candidate.val == optopt; });
+    const std::string typed = argv[optind - 1];
+    const bool isLong = typed.starts_with("--");
+    const std::string name = isLong && known->name != nullptr
+                                 ? std::string("--") + known->name
+                                 : std::string("-") + static_cast<char>(optopt);
+    if (result == ':') {
+        return "the option " + name + " needs a value" + hint;
+    }
+    if (known->name != nullptr) {
+        return "the option " + name + " takes no value" + hint;
+    }
+    return "unknown or ambiguous option " + (optopt != 0 ? name : typed) + hint;
+}
+
+/// An empty value is one that a script has lost: without it the program would run where it was to save.
+std::string valueOf(const char* name, const std::string& value)
+{
+    if (value.empty()) {
+        throw RunError(std::string("the option ") + name + " needs a value" + hint);
+    }
+    return value;
 }
 
 } // namespace
@@ -107,7 +127,7 @@ RunOptions RunOptions::parse(int argc, char** argv)
         const std::string value = optarg != nullptr ? optarg : "";
         switch (result) {
         case OUTPUT:
-            options.mOutput = value;
+            options.mOutput = valueOf("--output", value);
             break;
         case STEPS:
             options.mSteps = stepsOf(value);
@@ -116,7 +136,7 @@ RunOptions RunOptions::parse(int argc, char** argv)
             options.mIsQuiet = true;
             break;
         case METHOD:
-            options.mMethod = value;
+            options.mMethod = valueOf("--method", value);
             break;
         case SET:
             options.mSettings.push_back(settingOf(value));
@@ -131,13 +151,13 @@ RunOptions RunOptions::parse(int argc, char** argv)
             options.mIsForced = true;
             break;
         case WRITE_XML:
-            options.mXmlFile = value;
+            options.mXmlFile = valueOf("--write-xml", value);
             break;
         case WRITE_PROJECT:
-            options.mProjectDirectory = value;
+            options.mProjectDirectory = valueOf("--write-project", value);
             break;
         case TABLE:
-            options.mTableFile = value;
+            options.mTableFile = valueOf("--table", value);
             break;
         case PLOT:
             options.mIsPlotted = true;

@@ -28,8 +28,10 @@ constexpr const char* gradeNames[] = {"stops the run", "would spoil the run", "n
 /// The nearest directory on the way to `path` that exists.
 std::filesystem::path existingPart(std::filesystem::path path)
 {
+    std::error_code ignored;
     path = std::filesystem::absolute(path);
-    while (!std::filesystem::exists(path) && path.has_parent_path() && path != path.parent_path()) {
+    while (!std::filesystem::exists(path, ignored) && path.has_parent_path()
+           && path != path.parent_path()) {
         path = path.parent_path();
     }
     return path;
@@ -46,6 +48,7 @@ std::string secondsText(double seconds)
 
 int RunProgram::main(int argc, char** argv)
 {
+    RunExit::outliveFullDisks();
     try {
         const RunOptions options = RunOptions::parse(argc, argv);
         if (options.mIsHelp) {
@@ -156,7 +159,7 @@ void RunProgram::prepare(const std::filesystem::path& output)
 {
     std::error_code error;
     std::filesystem::create_directories(output, error);
-    if (error || !std::filesystem::is_directory(output)) {
+    if (error || !std::filesystem::is_directory(output, error)) {
         throw RunError("the directory " + output.string() + " cannot be made: "
                        + (error ? error.message() : std::string("there is a file of that name")));
     }
@@ -168,6 +171,15 @@ void RunProgram::prepare(const std::filesystem::path& output)
     }
     close(handle);
     unlink(probe.c_str());
+    for (const auto& entry : std::filesystem::directory_iterator(output, error)) {
+        if (entry.is_directory(error) && !entry.is_symlink(error)
+            && QV_Results::isResultFileName(entry.path().filename().string())) {
+            throw RunError(
+                entry.path().string()
+                + " is a directory and has the name of a result file; -o chooses another "
+                  "place");
+        }
+    }
 }
 
 int RunProgram::run(QV_1DProblem& problem, const std::filesystem::path& output) const
@@ -197,7 +209,7 @@ int RunProgram::run(QV_1DProblem& problem, const std::filesystem::path& output) 
     const int result = problem.run(*progress);
     RunExit::enter(RunExit::USUAL);
     problem.setWatcher({});
-    progress->finish();
+    RunProgress::endLine();
     std::cout.flush();
     const double seconds = progress->seconds();
     if (result == 0 && !mOptions.mIsQuiet) {

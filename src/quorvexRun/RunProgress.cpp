@@ -23,6 +23,8 @@ std::string duration(double seconds)
 
 } // namespace
 
+std::size_t RunProgress::mWidth = 0;
+
 RunProgress::RunProgress(RunOptions::Progress mode, bool isQuiet, unsigned long steps)
     : mSteps(steps)
     , mBegin(Clock::now())
@@ -73,10 +75,10 @@ void RunProgress::tell(unsigned long step)
     }
 }
 
-void RunProgress::finish()
+void RunProgress::endLine()
 {
-    if (mForm == LIVE && mWidth > 0) {
-        std::cerr << '\n';
+    if (mWidth > 0) {
+        std::cerr << std::endl;
     }
     mWidth = 0;
 }

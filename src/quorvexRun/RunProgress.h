@@ -15,8 +15,8 @@ public:
 
     /// Called at the end of each step, cheap: a live line changes at most ten times a second.
     void tell(unsigned long step);
-    /// Ends the live line.
-    void finish();
+    /// Ends the live line, if there is one on the terminal.
+    static void endLine();
     /// Seconds since the object was made.
     double seconds() const;
 
@@ -37,5 +37,6 @@ private:
     Clock::time_point mBegin;
     Clock::time_point mLast;   ///< When the live line was written.
     unsigned long mTenths = 0; ///< Tenths of the run that have their line.
-    std::size_t mWidth = 0;    ///< Characters of the live line.
+
+    static std::size_t mWidth; ///< Characters of the live line; 0 when there is none.
 };

@@ -36,7 +36,8 @@ std::vector<std::filesystem::path> projectFiles(const std::filesystem::path& dir
 
 bool RunProject::isProject(const std::filesystem::path& directory)
 {
-    return std::filesystem::exists(directory / usualParametersFile)
+    std::error_code ignored;
+    return std::filesystem::exists(directory / usualParametersFile, ignored)
            || !projectFiles(directory).empty();
 }
 
@@ -95,6 +96,9 @@ void RunProject::write(const std::filesystem::path& directory, QV_Problem& probl
         isSaved && windows.isOpen() && windows.commit()
         && MM_Parser::generateXMLMetaModelFile((directory / projectFile).string(), *package) == 0;
     if (!isWritten) {
+        // What has been written of it is not a project.
+        std::filesystem::remove(directory / usualParametersFile, error);
+        std::filesystem::remove(directory / projectFile, error);
         throw RunError("the project in " + directory.string() + " could not be written");
     }
 }

@@ -1,6 +1,5 @@
 #include "quorvexRun/RunSettings.h"
 
-#include "common/COM_Complex.h"
 #include "common/COM_Real.h"
 #include "common/COM_Scoped.h"
 #include "linearAlgebra/LA_ComplexMatrix.h"
@@ -18,6 +17,7 @@
 #include <climits>
 #include <cstdlib>
 #include <iterator>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -136,14 +136,26 @@ struct Target
         return matrix;
     }
 
+    std::complex<double> complexOf(const std::string& text) const
+    {
+        const char* const right = "numbers, complex ones as (re,im)";
+        if (!text.starts_with('(')) {
+            return realOf(text, right);
+        }
+        const std::size_t comma = text.find(',');
+        if (comma == std::string::npos || !text.ends_with(')')) {
+            refuse(right);
+        }
+        return {realOf(text.substr(1, comma - 1), right),
+                realOf(text.substr(comma + 1, text.size() - comma - 2), right)};
+    }
+
     LA_ComplexMatrix* newComplexMatrix() const
     {
         const unsigned long n = QV_Bloch::getLevelsNumber();
         std::vector<std::complex<double>> values;
         for (const std::string& piece : pieces()) {
-            values.push_back(piece.starts_with('(')
-                                 ? COM_Complex::parseComplex(piece)
-                                 : realOf(piece, "numbers, complex ones as (re,im)"));
+            values.push_back(complexOf(piece));
         }
         if (values.size() != n * n) {
             refuse(std::to_string(n * n) + " numbers joined by commas, complex ones as (re,im)");
@@ -198,6 +210,7 @@ struct Setting
     const char* mKey;
     const char* mTakes;
     void (*mSet)(const Target&);
+    bool mIsIndexed = false; ///< The key stands for several, of which "[number]" chooses one.
 };
 
 constexpr Setting settings[] = {
@@ -282,9 +295,10 @@ constexpr Setting settings[] = {
      [](const Target& t) {
          const COM_Scoped vector(t.newVector(QV_Bloch::getLevelsNumber()));
          t.system().setLevelsFrequency(*vector);
-     }},
+     },
+     true},
     {"QV_Bloch", "mPs", "dipole matrix, C m; mPs[1] is that of the second component",
-     setPolarization},
+     setPolarization, true},
     {"QV_Bloch", "mW", "longitudinal rates, 1/s",
      [](const Target& t) {
          const COM_Scoped matrix(t.newMatrix());
@@ -329,12 +343,12 @@ constexpr const char* computed[] = {"mTimeStep",
                                     "mE1Old",
                                     "mEn1Old"};
 
-/// Takes "[number]" off the end of a key.
-unsigned long takeIndex(std::string& key)
+/// Takes "[number]" off the end of a key, if it is there.
+std::optional<unsigned long> takeIndex(std::string& key)
 {
     const std::size_t open = key.find('[');
     if (open == std::string::npos) {
-        return 0;
+        return {};
     }
     const std::string digits = key.substr(open + 1);
     char* end = nullptr;
@@ -353,7 +367,7 @@ unsigned long takeIndex(std::string& key)
 void RunSettings::apply(QV_1DProblem& problem, const std::string& key, const std::string& value)
 {
     std::string name = key;
-    const unsigned long index = takeIndex(name);
+    const std::optional<unsigned long> index = takeIndex(name);
     const std::size_t dot = name.find('.');
     const std::string className = dot == std::string::npos ? std::string() : name.substr(0, dot);
     const std::string bare = dot == std::string::npos ? name : name.substr(dot + 1);
@@ -365,8 +379,11 @@ void RunSettings::apply(QV_1DProblem& problem, const std::string& key, const std
     for (const Setting& setting : settings) {
         const bool isClass = className.empty() || className == setting.mClass;
         if (isClass && bare == setting.mKey) {
-            setting.mSet(
-                {problem, *milieu, *maxwell, *maxwell->getIncidentFields(), bare, value, index});
+            if (index && !setting.mIsIndexed) {
+                throw RunError(bare + " takes no number in brackets");
+            }
+            setting.mSet({problem, *milieu, *maxwell, *maxwell->getIncidentFields(), bare, value,
+                          index.value_or(0)});
             return;
         }
     }
