@@ -31,7 +31,8 @@ COM_FileWriter::COM_FileWriter(const std::string& fileName)
 {
     struct stat status
     {};
-    const bool exists = stat(mFileName.c_str(), &status) == 0;
+    // A link that is still one leads to no file yet: the text is written through it.
+    const bool exists = lstat(mFileName.c_str(), &status) == 0;
     const bool isPlain = !exists || S_ISREG(status.st_mode);
     // A file that may not be written is not replaced behind its owner's back either.
     const bool isAllowed = !exists || access(mFileName.c_str(), W_OK) == 0;
@@ -61,9 +62,13 @@ bool COM_FileWriter::openBeside()
             open(spare.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, newFileMode);
         if (handle >= 0) {
             ::close(handle);
-            mSparePath = spare;
             mStream.open(spare, std::ios::binary | std::ios::trunc);
-            return mStream.is_open();
+            if (!mStream.is_open()) { // the process's mask forbids it
+                unlink(spare.c_str());
+                return false;
+            }
+            mSparePath = spare;
+            return true;
         }
         if (errno != EEXIST) {
             return false;
@@ -78,8 +83,9 @@ bool COM_FileWriter::flushToDisk()
     if (mStream.fail()) {
         return false;
     }
-    const int handle =
-        open((mSparePath.empty() ? mFileName : mSparePath).c_str(), O_RDONLY | O_CLOEXEC);
+    // A pipe is not waited for until somebody else writes to it.
+    const int handle = open((mSparePath.empty() ? mFileName : mSparePath).c_str(),
+                            O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (handle < 0) {
         return mSparePath.empty(); // a pipe or a device, already written
     }

@@ -58,7 +58,8 @@ COM_Object::~COM_Object()
         std::cout << "Trying to delete object " << rootIdentity(mIdentityNumber)
                   << " with non-zero reference count (" << mReferenceCount << ")\n";
     }
-    if (DEBUG_FLAG && mObjects != nullptr) {
+    // Whatever the flag is by now: the list must not lead to what is gone.
+    if (mObjects != nullptr) {
         mObjects->erase(mIdentityNumber);
     }
 }

@@ -151,8 +151,7 @@ void COM_Real::solveEq3(double a, double b, double c, double d, double* x, unsig
         solveEq2(b, c, d, x, n);
         return;
     }
-    // Scaled so that the coefficients are at most 1, y = x / scale: only then is a rounding of the
-    // discriminant to a fixed step harmless.
+    // Scaled so that the coefficients are at most 1, y = x / scale.
     const double scale =
         std::max({std::fabs(b / a), std::sqrt(std::fabs(c / a)), std::cbrt(std::fabs(d / a))});
     n = 1;
@@ -166,12 +165,16 @@ void COM_Real::solveEq3(double a, double b, double c, double d, double* x, unsig
     // y = z - b1 / 3 gives z^3 + p z + q = 0.
     const double p = c1 - b1 * b1 / 3.0;
     const double q = 2.0 * b1 * b1 * b1 / 27.0 - b1 * c1 / 3.0 + d1;
-    const double discriminant = surround(q * q / 4.0 + p * p * p / 27.0);
-    if (discriminant > 0.0) {
+    const double discriminant = q * q / 4.0 + p * p * p / 27.0;
+    // Errors of p and q move the discriminant by their size times |q| + p^2: measured by this, a fixed step
+    // tells roots that meet from roots that are close together.
+    const double size = std::fabs(q) + p * p;
+    const double sign = size == 0.0 ? 0.0 : surround(discriminant / size);
+    if (sign > 0.0) {
         const double root = std::sqrt(discriminant);
         const double u = std::cbrt(-q / 2.0 - sgn(q) * root);
         x[0] = u - (u == 0.0 ? 0.0 : p / (3.0 * u));
-    } else if (discriminant < 0.0) {
+    } else if (sign < 0.0) {
         const double radius = 2.0 * std::sqrt(-p / 3.0);
         const double angle = std::acos(std::clamp(3.0 * q / (p * radius), -1.0, 1.0)) / 3.0;
         n = 3;

@@ -37,10 +37,11 @@ public:
     static void shellSort(double* values, int n);
 
     /// Real roots of a x^2 + b x + c = 0, ascending and each once: at most 2 go to `x`, their number to
-    /// `n`. A polynomial without unknown has none.
+    /// `n`. A polynomial without unknown has none. Requires: b^2 and a c neither overflow nor vanish.
     static void solveEq2(double a, double b, double c, double* x, unsigned long& n);
     /// Real roots of a x^3 + b x^2 + c x + d = 0, ascending and each once: at most 3 go to `x`, their
-    /// number to `n`. Cardano's formulas, in trigonometric form where there are three roots.
+    /// number to `n`. Cardano's formulas, in trigonometric form where there are three roots. Roots that are
+    /// less than a few 1e-6 of the largest apart count as one.
     static void solveEq3(double a, double b, double c, double d, double* x, unsigned long& n);
 
 protected:

@@ -94,7 +94,8 @@ void COM_Time::setTime(const std::string& text)
 
 double COM_Time::subTimes(const COM_Time& a, const COM_Time& b)
 {
-    return static_cast<double>(a.mSecondsSince1900) - static_cast<double>(b.mSecondsSince1900);
+    // Clocks before 1970 are negative; as unsigned numbers their difference is still exact.
+    return static_cast<double>(static_cast<long>(a.mSecondsSince1900 - b.mSecondsSince1900));
 }
 
 std::string COM_Time::toString() const

@@ -30,10 +30,15 @@ bool areDistinct(const double* u, unsigned long n)
     return true;
 }
 
+GEO_Spline* pieceOf(const GEO_Edge& edge)
+{
+    return dynamic_cast<GEO_Spline*>(edge.getCurve());
+}
+
 } // namespace
 
 GEO_BezierPolygon::GEO_BezierPolygon()
-    : mU(LA_RealVector::New(0))
+    : mU(LA_RealVector::New(1))
 {
     COM_TYPE(GEO_BezierPolygon);
 }
@@ -90,29 +95,26 @@ void GEO_BezierPolygon::stateChanged()
             points->add(getEdge(i)->getStartingPoint());
         }
         points->add(getEdge(i)->getEndingPoint());
+        GEO_Spline* const piece = pieceOf(*getEdge(i));
+        if (piece != nullptr && piece->getControlPoint(1) == nullptr) {
+            piece->initControlPoints(); // its second vertex has come after it was made
+        }
     }
     const COM_Scoped derivatives(COM_Array<GEO_Point>::New());
     if (points->size() == mU->getDimension()
         && computeDerivatives(*points, isClosed(), *derivatives)) {
         for (unsigned long i = 0; i < getEdges().size(); ++i) {
-            auto* const spline = dynamic_cast<GEO_Spline*>(getEdge(i)->getCurve());
-            if (spline == nullptr) {
+            GEO_Spline* const piece = pieceOf(*getEdge(i));
+            if (piece == nullptr) {
                 continue;
             }
-            if (getEdge(i)->isReverse()) {
-                // Run the other way the parameter falls, and the derivatives change their sign.
-                const COM_Scoped begin(GEO_Point::New((*derivatives)[i + 1]));
-                const COM_Scoped end(GEO_Point::New((*derivatives)[i]));
-                begin->multipliedBy(-1.0);
-                end->multipliedBy(-1.0);
-                spline->setParameters(-(*mU)[i + 1], -(*mU)[i]);
-                spline->setBeginDerivative(*begin);
-                spline->setEndDerivative(*end);
-            } else {
-                spline->setParameters((*mU)[i], (*mU)[i + 1]);
-                spline->setBeginDerivative((*derivatives)[i]);
-                spline->setEndDerivative((*derivatives)[i + 1]);
-            }
+            // Along a piece that is run through backwards the parameter falls.
+            const bool isReverse = getEdge(i)->isReverse();
+            const unsigned long begin = isReverse ? i + 1 : i;
+            const unsigned long end = isReverse ? i : i + 1;
+            piece->setParameters((*mU)[begin], (*mU)[end]);
+            piece->setBeginDerivative((*derivatives)[begin]);
+            piece->setEndDerivative((*derivatives)[end]);
         }
     }
     mIsAdjusting = false;
@@ -121,10 +123,11 @@ void GEO_BezierPolygon::stateChanged()
 void GEO_BezierPolygon::updateParametrization()
 {
     const unsigned long n = getEdges().size();
-    mU->setDimension(n == 0 ? 0 : n + 1);
+    mU->setDimension(n + 1);
     mU->setValue(0, 0.0);
     for (unsigned long i = 0; i < n; ++i) {
-        (*mU)[i + 1] = (*mU)[i] + getEdge(i)->getCurve()->getLength();
+        const GEO_Curve* const curve = getEdge(i)->getCurve();
+        (*mU)[i + 1] = (*mU)[i] + (curve != nullptr ? curve->getLength() : 0.0);
     }
 }
 

@@ -39,6 +39,6 @@ protected:
 private:
     void updateParametrization();
 
-    LA_RealVector* mU;         ///< Chord-length parameter of each vertex. Counted, never null.
+    LA_RealVector* mU; ///< Chord-length parameters, one more than edges. Counted, never null.
     bool mIsAdjusting = false; ///< True while the chain is built or adjusted.
 };

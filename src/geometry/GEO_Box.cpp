@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -83,6 +84,16 @@ void GEO_Box::setTo(const GEO_Point& p, const GEO_Point& q)
     mMaxPoint->max(*first);
 }
 
+void GEO_Box::setToNowhere()
+{
+    setTo(std::numeric_limits<double>::quiet_NaN());
+}
+
+bool GEO_Box::isNowhere() const
+{
+    return std::isnan(mMinPoint->getValue(0));
+}
+
 void GEO_Box::setSide(unsigned long i, double size)
 {
     mMaxPoint->setValue(i, mMinPoint->getValue(i) + size);
@@ -123,8 +134,9 @@ void GEO_Box::combine(const GEO_Point& point)
 
 void GEO_Box::translate(const GEO_Point& by)
 {
-    mMinPoint->translate(by);
-    mMaxPoint->translate(by);
+    const COM_Scoped step(GEO_Point::New(by)); // it may be a point of this box
+    mMinPoint->translate(*step);
+    mMaxPoint->translate(*step);
 }
 
 void GEO_Box::homothetize(const GEO_Point& centre, double factor)

@@ -1,4 +1,6 @@
 #pragma once
+#include "common/COM_Array.h"
+#include "common/COM_Scoped.h"
 #include "geometry/GEO_Object.h"
 
 #include <string>
@@ -23,6 +25,27 @@ public:
     void setTo(double v);
     /// The smallest box that holds both points.
     void setTo(const GEO_Point& p, const GEO_Point& q);
+    /// The box around those that `parts` compute. A part that leaves the box it is given is passed over;
+    /// without any other nothing is done.
+    template <typename T>
+    void setToBoxesOf(const COM_Array<T>& parts)
+    {
+        bool isFirst = true;
+        for (unsigned long i = 0; i < parts.size(); ++i) {
+            const COM_Scoped part(GEO_Box::New());
+            part->setToNowhere();
+            parts[i].computeBoundingBox(*part);
+            if (part->isNowhere()) {
+                continue;
+            }
+            if (isFirst) {
+                setTo(*part->mMinPoint, *part->mMaxPoint);
+            } else {
+                combine(*part);
+            }
+            isFirst = false;
+        }
+    }
     /// Moves the largest point so that the side has this size.
     void setWidth(double width) { setSide(0, width); }
     void setHeight(double height) { setSide(1, height); }
@@ -62,6 +85,8 @@ protected:
     ~GEO_Box() override;
 
 private:
+    void setToNowhere();
+    bool isNowhere() const;
     void setSide(unsigned long i, double size);
     double getSide(unsigned long i) const;
 

@@ -90,6 +90,7 @@ void GEO_Edge::setPolygon(GEO_Polygon* polygon)
     if (polygon == mPolygon) {
         return;
     }
+    const COM_Guard guard(*this); // its polygon may be the last to hold this edge
     resetPolygon();
     associate(mPolygon, polygon);
     if (polygon != nullptr) {

@@ -5,14 +5,17 @@
 
 void GEO_Motion::apply(GEO_Vertex* vertex, Moved& moved) const
 {
-    if (vertex != nullptr && vertex->getPoint() != nullptr && moved.insert(vertex).second) {
+    if (vertex == nullptr || vertex->getPoint() == nullptr || !moved.insert(vertex).second) {
+        return;
+    }
+    if (moved.insert(vertex->getPoint()).second) { // other vertices may stand on the same point
         mMove(*vertex->getPoint());
     }
 }
 
 void GEO_Motion::tell(const Moved& moved)
 {
-    for (GEO_Vertex* vertex : moved) {
-        vertex->stateChanged();
+    for (GEO_Object* object : moved) {
+        object->stateChanged();
     }
 }

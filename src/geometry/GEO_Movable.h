@@ -4,8 +4,8 @@
 
 class LA_RealVector;
 
-/// A figure that moves with all its vertices. The forms with `moved` serve motions of several figures that
-/// share vertices: what is in the set stays, what moves enters it.
+/// A figure that moves with all its points. The forms with `moved` serve motions of several figures that
+/// share some: what is in the set stays, what moves enters it.
 class GEO_Movable : public GEO_Object
 {
 public:
@@ -28,7 +28,7 @@ public:
     virtual void offset(const GEO_Point* centre, double dx, double dy, double dz);
     virtual void offset(const GEO_Point& centre, double dx, double dy, double dz, Moved& moved);
 
-    /// Applies `motion` to all vertices of the figure.
+    /// Applies `motion` to all points of the figure.
     virtual void move(const GEO_Motion& motion, Moved& moved) = 0;
 
 protected:

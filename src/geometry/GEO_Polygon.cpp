@@ -37,15 +37,7 @@ GEO_Polygon* GEO_Polygon::NewShellInstance() const
 
 void GEO_Polygon::computeBoundingBox(GEO_Box& box) const
 {
-    for (unsigned long i = 0; i < mEdges->size(); ++i) {
-        const COM_Scoped part(GEO_Box::New());
-        (*mEdges)[i].computeBoundingBox(*part);
-        if (i == 0) {
-            box.setTo(*part->getMinPoint(), *part->getMaxPoint());
-        } else {
-            box.combine(*part);
-        }
-    }
+    box.setToBoxesOf(*mEdges);
 }
 
 void GEO_Polygon::move(const GEO_Motion& motion, Moved& moved)
@@ -76,16 +68,16 @@ GEO_Edge* GEO_Polygon::NewEdge(GEO_Curve& curve, bool reverse) const
 
 bool GEO_Polygon::cat(GEO_Vertex& vertex)
 {
-    if (mEdges->size() == 0) {
+    const GEO_Edge* const last = mEdges->size() > 0 ? getEdge(mEdges->size() - 1) : nullptr;
+    if (last == nullptr || last->getCurve() == nullptr) {
         const COM_Scoped curve(NewCurve());
         curve->setStartingVertex(vertex);
         addToCurves(*curve, false);
         return true;
     }
-    const GEO_Edge& last = *getEdge(mEdges->size() - 1);
-    GEO_Vertex* const end = last.getEndingVertex();
+    GEO_Vertex* const end = last->getEndingVertex();
     if (end == nullptr) {
-        last.getCurve()->setEndingVertex(vertex);
+        last->getCurve()->setEndingVertex(vertex);
         return true;
     }
     const COM_Scoped curve(NewCurve(*end, vertex));
@@ -158,6 +150,7 @@ void GEO_Polygon::addToEdges(GEO_Edge& edge, long index)
     if (holds(edge)) {
         return;
     }
+    const COM_Guard guard(edge); // another polygon may be the last to hold it
     if (edge.getPolygon() != this) {
         edge.resetPolygon();
     }

@@ -42,6 +42,7 @@ void GEO_Shell::removeFromVolumes(GEO_Volume& volume)
 
 void GEO_Shell::resetVolumes()
 {
+    const COM_Guard guard(*this); // the last volume may be the last to hold this shell
     while (mVolumes->size() > 0) {
         removeFromVolumes((*mVolumes)[mVolumes->size() - 1]);
     }

@@ -13,6 +13,7 @@ public:
     void stateChanged() override;
     /// A new shell of the same kind, empty.
     virtual GEO_Shell* NewShellInstance() const = 0;
+    /// Without any point to hold nothing is done.
     virtual void computeBoundingBox(GEO_Box& box) const = 0;
 
     // Two-way link with GEO_Volume::addToShells.

@@ -5,10 +5,59 @@
 #include "geometry/GEO_Point.h"
 #include "geometry/GEO_Vertex.h"
 
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <iterator>
+#include <vector>
+
 namespace {
 
 constexpr double firstThird = 0.33;
 constexpr double secondThird = 0.66;
+
+/// A cubic polynomial on [0, 1] by its Bezier coefficients: the first and the last are its values at the ends.
+using Cubic = std::array<double, 4>;
+
+double valueAt(const Cubic& f, double t)
+{
+    const double u = 1.0 - t;
+    return u * u * u * f[0] + 3.0 * t * u * u * f[1] + 3.0 * t * t * u * f[2] + t * t * t * f[3];
+}
+
+/// Its zeros from 0 to 1 in ascending order. Between its extrema the polynomial is monotone and has one
+/// zero where the sign changes: halving finds it however small the leading coefficients are, as they are
+/// in a straight piece.
+std::vector<double> zerosOf(const Cubic& f)
+{
+    std::vector<double> nodes{0.0};
+    double extrema[2];
+    unsigned long count = 0;
+    COM_Real::solveEq2(f[3] - 3.0 * f[2] + 3.0 * f[1] - f[0], 2.0 * (f[2] - 2.0 * f[1] + f[0]),
+                       f[1] - f[0], extrema, count);
+    std::copy_if(extrema, extrema + count, std::back_inserter(nodes),
+                 [](double t) { return t > 0.0 && t < 1.0; });
+    nodes.push_back(1.0);
+
+    constexpr int halvings = 60; // steps below the rounding of 1
+    std::vector<double> zeros;
+    for (unsigned long i = 0; i < nodes.size(); ++i) {
+        const double value = valueAt(f, nodes[i]);
+        const double next = i + 1 < nodes.size() ? valueAt(f, nodes[i + 1]) : 0.0;
+        if (value == 0.0) {
+            zeros.push_back(nodes[i]);
+        } else if (next != 0.0 && std::signbit(value) != std::signbit(next)) {
+            double low = nodes[i];
+            double high = nodes[i + 1];
+            for (int k = 0; k < halvings; ++k) {
+                const double middle = (low + high) / 2.0;
+                (std::signbit(valueAt(f, middle)) == std::signbit(value) ? low : high) = middle;
+            }
+            zeros.push_back(low);
+        }
+    }
+    return zeros;
+}
 
 } // namespace
 
@@ -100,9 +149,19 @@ void GEO_Spline::computeDerivativePoint(double t, GEO_Point& derivative) const
     derivative.setLocation(*sum);
 }
 
+void GEO_Spline::computeBoundingBox(GEO_Box& box) const
+{
+    if (isComplete()) {
+        GEO_Curve::computeBoundingBox(box);
+    }
+}
+
 void GEO_Spline::move(const GEO_Motion& motion, Moved& moved)
 {
     GEO_Curve::move(motion, moved);
+    if (!moved.insert(this).second) {
+        return;
+    }
     for (GEO_Point* point : {mP1, mP2}) {
         if (point != nullptr) {
             motion.apply(*point);
@@ -124,20 +183,10 @@ unsigned long GEO_Spline::intersect(const GEO_Point& a, const GEO_Point& b,
     const auto distance = [&a, dx, dy](const GEO_Point& point) {
         return (point.getValue(1) - a.getValue(1)) * dx - (point.getValue(0) - a.getValue(0)) * dy;
     };
-    const double f0 = distance(*getStartingPoint());
-    const double f1 = distance(*mP1);
-    const double f2 = distance(*mP2);
-    const double f3 = distance(*getEndingPoint());
-    double roots[3];
-    unsigned long count = 0;
-    COM_Real::solveEq3(f3 - 3.0 * f2 + 3.0 * f1 - f0, 3.0 * (f2 - 2.0 * f1 + f0), 3.0 * (f1 - f0),
-                       f0, roots, count);
-    for (unsigned long i = 0; i < count; ++i) {
-        if (!(roots[i] >= 0.0 && roots[i] <= 1.0)) {
-            continue;
-        }
+    for (const double t : zerosOf({distance(*getStartingPoint()), distance(*mP1), distance(*mP2),
+                                   distance(*getEndingPoint())})) {
         const COM_Scoped point(GEO_Point::New());
-        computePoint(roots[i], *point);
+        computePoint(t, *point);
         const double s =
             ((point->getValue(0) - a.getValue(0)) * dx + (point->getValue(1) - a.getValue(1)) * dy)
             / length2;

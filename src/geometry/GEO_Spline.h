@@ -15,6 +15,7 @@ public:
     /// u^3 A + 3 t u^2 P1 + 3 t^2 u P2 + t^3 B with u = 1 - t. Nothing is done when a vertex, an end point or a
     /// control point is missing.
     void computePoint(double t, GEO_Point& point) const override;
+    void computeBoundingBox(GEO_Box& box) const override;
     void move(const GEO_Motion& motion, Moved& moved) override;
     using GEO_Curve::intersect;
     /// Crossings in the plane of x and y.

@@ -218,13 +218,14 @@ void GEO_Vertex::removeFromEndingCurves(GEO_Curve& curve)
     }
 }
 
+// A curve may hold the last reference to its vertex, so each reset keeps this vertex to its end.
 void GEO_Vertex::resetCurves()
 {
+    const COM_Guard guard(*this);
     resetStartingCurves();
     resetEndingCurves();
 }
 
-// A curve may hold the last reference to its vertex, so each reset keeps this vertex to its end.
 void GEO_Vertex::resetStartingCurves()
 {
     const COM_Guard guard(*this);

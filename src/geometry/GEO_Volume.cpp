@@ -51,13 +51,5 @@ void GEO_Volume::resetShells()
 
 void GEO_Volume::computeBoundingBox(GEO_Box& box) const
 {
-    for (unsigned long i = 0; i < mShells->size(); ++i) {
-        const COM_Scoped part(GEO_Box::New());
-        (*mShells)[i].computeBoundingBox(*part);
-        if (i == 0) {
-            box.setTo(*part->getMinPoint(), *part->getMaxPoint());
-        } else {
-            box.combine(*part);
-        }
-    }
+    box.setToBoxesOf(*mShells);
 }

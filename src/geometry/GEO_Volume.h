@@ -19,7 +19,7 @@ public:
     void resetShells();
     const COM_Array<GEO_Shell>& getShells() const { return *mShells; }
 
-    /// The box around all shells; without any nothing is done.
+    /// The box around those of all shells; without any nothing is done.
     void computeBoundingBox(GEO_Box& box) const;
 
 protected:

@@ -115,7 +115,7 @@ void LA_Matrix<T>::matTranspose(LA_Matrix<T>& m) const
 }
 
 template <typename T>
-void LA_Matrix<T>::multipliedBy(const T& f)
+void LA_Matrix<T>::multipliedBy(T f)
 {
     for (unsigned long i = 0; i < mLinesNumber * mColumnsNumber; ++i) {
         mValues[i] *= f;
@@ -123,7 +123,7 @@ void LA_Matrix<T>::multipliedBy(const T& f)
 }
 
 template <typename T>
-void LA_Matrix<T>::dividedBy(const T& f)
+void LA_Matrix<T>::dividedBy(T f)
 {
     if (std::is_integral_v<T> && f == T()) {
         return;

@@ -62,9 +62,9 @@ public:
     void matMult(const LA_Matrix<T>& m, LA_Matrix<T>& r) const;
     void transpose();
     void matTranspose(LA_Matrix<T>& m) const;
-    void multipliedBy(const T& f);
+    void multipliedBy(T f);
     /// Requires: `f` is not zero where T is an integer; a zero changes nothing there.
-    void dividedBy(const T& f);
+    void dividedBy(T f);
     /// Sum of the diagonal, over the smaller dimension.
     T trace() const;
     void resetDiagonal();

@@ -117,8 +117,8 @@ void LA_RealVector::rotate(const LA_RealVector& axis, double angle)
         v->dividedBy(length);
     }
     const double radius = u->norm();
-    setValues(*u);
-    multipliedBy(std::cos(angle));
-    add(std::sin(angle) * radius, *v);
-    add(s, axis);
+    u->multipliedBy(std::cos(angle));
+    u->add(std::sin(angle) * radius, *v);
+    u->add(s, axis);
+    setValues(*u); // last: the axis may be this vector
 }

@@ -87,7 +87,7 @@ void LA_Vector<T>::sub(const LA_Vector<T>& v)
 }
 
 template <typename T>
-void LA_Vector<T>::add(const T& f, const LA_Vector<T>& v)
+void LA_Vector<T>::add(T f, const LA_Vector<T>& v)
 {
     setDimension(std::max(mDimension, v.mDimension));
     for (unsigned long i = 0; i < v.mDimension; ++i) {
@@ -96,7 +96,7 @@ void LA_Vector<T>::add(const T& f, const LA_Vector<T>& v)
 }
 
 template <typename T>
-void LA_Vector<T>::sub(const T& f, const LA_Vector<T>& v)
+void LA_Vector<T>::sub(T f, const LA_Vector<T>& v)
 {
     setDimension(std::max(mDimension, v.mDimension));
     for (unsigned long i = 0; i < v.mDimension; ++i) {
@@ -105,7 +105,7 @@ void LA_Vector<T>::sub(const T& f, const LA_Vector<T>& v)
 }
 
 template <typename T>
-void LA_Vector<T>::multipliedBy(const T& f)
+void LA_Vector<T>::multipliedBy(T f)
 {
     for (unsigned long i = 0; i < mDimension; ++i) {
         mValues[i] *= f;
@@ -113,7 +113,7 @@ void LA_Vector<T>::multipliedBy(const T& f)
 }
 
 template <typename T>
-void LA_Vector<T>::dividedBy(const T& f)
+void LA_Vector<T>::dividedBy(T f)
 {
     if (std::is_integral_v<T> && f == T()) {
         return;

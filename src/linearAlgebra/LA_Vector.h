@@ -63,11 +63,11 @@ public:
     void add(const LA_Vector<T>& v);
     void sub(const LA_Vector<T>& v);
     /// this += f v, growing to the larger dimension.
-    void add(const T& f, const LA_Vector<T>& v);
-    void sub(const T& f, const LA_Vector<T>& v);
-    void multipliedBy(const T& f);
+    void add(T f, const LA_Vector<T>& v);
+    void sub(T f, const LA_Vector<T>& v);
+    void multipliedBy(T f);
     /// Requires: `f` is not zero where T is an integer; a zero changes nothing there.
-    void dividedBy(const T& f);
+    void dividedBy(T f);
     /// Sum of this[i] v[i], without conjugation.
     T scalarProduct(const LA_Vector<T>& v) const;
     /// this[i1] v[i2] - v[i1] this[i2] for i1, i2 circularly after i: the cross product in three

@@ -103,7 +103,8 @@ bool MM_Class::isCredibleSize(unsigned long lines, unsigned long columns,
                               unsigned long stored) const
 {
     const unsigned long limit = std::max(stored, alwaysCredible);
-    if (columns == 0 || lines <= limit / columns) {
+    // An empty line counts as one value: it takes its time in texts and loops.
+    if (std::max(lines, 1UL) <= limit / std::max(columns, 1UL)) {
         return true;
     }
     std::cout << "size " << lines << " x " << columns << " of " << mName

@@ -25,6 +25,14 @@ void MM_Field::addToMetaValues(MM_Value* value)
     }
 }
 
+void MM_Field::addToMetaValues(const std::string& key, const std::string& text)
+{
+    const COM_Scoped value(MM_Value::New());
+    value->setKey(key);
+    value->setValue(text);
+    mMetaValues->add(*value);
+}
+
 void MM_Field::removeFromMetaValues(MM_Value& value)
 {
     mMetaValues->remove(value);
@@ -37,15 +45,7 @@ void MM_Field::resetMetaValues()
 
 void MM_Field::setMetaValues(const MM_Object& object)
 {
-    addText({}, object.getIdentityString());
-}
-
-void MM_Field::addText(const std::string& key, const std::string& text)
-{
-    const COM_Scoped value(MM_Value::New());
-    value->setKey(key);
-    value->setValue(text);
-    mMetaValues->add(*value); // new, so it cannot be there already
+    addToMetaValues({}, object.getIdentityString());
 }
 
 void MM_Field::getFromMetaValue(std::string& value) const

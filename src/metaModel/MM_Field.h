@@ -22,6 +22,8 @@ public:
     /// A value that the field holds already is ignored, and so is a null pointer.
     void addToMetaValues(MM_Value* value);
     void addToMetaValues(MM_Value& value) { addToMetaValues(&value); }
+    /// Appends a new value, without the search that a known one asks for.
+    void addToMetaValues(const std::string& key, const std::string& text);
     void removeFromMetaValues(MM_Value& value);
     void resetMetaValues();
     const COM_Array<MM_Value>& getMetaValues() const { return *mMetaValues; }
@@ -58,8 +60,6 @@ protected:
     ~MM_Field() override;
 
 private:
-    void addText(const std::string& key, const std::string& text);
-
     static void castValue(const std::string& text, std::string& value);
     static void castValue(const std::string& text, bool& value);
     static void castValue(const std::string& text, int& value);

@@ -5,7 +5,7 @@ template <typename T>
 void MM_Field::setMetaValues(const std::vector<T>& values)
 {
     for (const T& value : values) {
-        addText({}, COM_String::toString(value));
+        addToMetaValues({}, COM_String::toString(value));
     }
 }
 
@@ -14,7 +14,7 @@ void MM_Field::setMetaValues(const COM_Array<T>& objects)
 {
     for (unsigned long i = 0; i < objects.size(); ++i) {
         if (objects.get(i) != nullptr) {
-            addText({}, objects.get(i)->getIdentityString());
+            addToMetaValues({}, objects.get(i)->getIdentityString());
         }
     }
 }
@@ -23,7 +23,7 @@ template <typename K, typename T>
 void MM_Field::setMetaValues(const COM_Map<K, T>& objects)
 {
     for (const K& key : objects.keys()) {
-        addText(COM_String::toString(key), objects.get(key)->getIdentityString());
+        addToMetaValues(COM_String::toString(key), objects.get(key)->getIdentityString());
     }
 }
 

@@ -64,11 +64,15 @@ MM_Object* MM_Package::newParameterizedInstance(const MM_Class& metaClass)
     const COM_Scoped parameters(COM_Array<MM_Object>::New());
     if (!metaClass.getNewParameters().empty()) {
         if (!mParametersInWork.insert(metaClass.getId()).second) {
+            mParametersInWork.clear(); // no node that waits for this circle can be made
             return nullptr;
         }
         for (const std::string& identity : metaClass.getNewParameters()) {
             if (const MM_Class* const node = getFromMetaClasses(identity)) {
                 const COM_Scoped parameter(NewInstanceFromMetaClass(*node));
+                if (!mParametersInWork.contains(metaClass.getId())) {
+                    return nullptr;
+                }
                 parameters->add(parameter.get());
             }
         }

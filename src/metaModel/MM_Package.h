@@ -19,8 +19,8 @@ class MM_Package : public virtual MM_Object
 public:
     std::string toString() const override;
     /// Makes and fills the object that a node describes, or gives the one made for it before. The caller
-    /// releases the reference. Null for a class that is not known, for a node that is its own constructor
-    /// parameter, and for objects nested deeper than any real graph.
+    /// releases the reference. Null for a class that is not known, for a node whose constructor parameters
+    /// lead back to one that waits for them, and for objects nested deeper than any real graph.
     virtual MM_Object* NewInstanceFromMetaClass(const MM_Class& metaClass);
     /// Makes an empty object from a class name; factories know the classes of their libraries.
     virtual MM_Object* NewInstance(const std::string& name,

@@ -221,13 +221,12 @@ void MM_Parser::readField(std::istream& f, std::string& tagName, Attributes& att
     metaClass.addToMetaFields(*field);
     getNextTag(f, tagName, attributes);
     while (tagName == VALUE_XML_TAG) {
-        const COM_Scoped value(MM_Value::New());
-        value->setKey(attributes[VALUE_ATTRIBUTES[0]]);
+        const std::string key = attributes[VALUE_ATTRIBUTES[0]];
         std::string text;
-        if (getNextEndTag(f, VALUE_XML_TAG, text)) {
-            value->setValue(text);
+        if (!getNextEndTag(f, VALUE_XML_TAG, text)) {
+            text.clear();
         }
-        field->addToMetaValues(*value);
+        field->addToMetaValues(key, text);
         getNextTag(f, tagName, attributes);
     }
 }

@@ -1,0 +1,126 @@
+#include "linearAlgebra/LA_ClassFactory.h"
+
+#include "common/COM_Scoped.h"
+#include "linearAlgebra/LA_RealVector.h"
+#include "support/Printed.h"
+#include "support/TestDirectory.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace {
+
+struct NameCase
+{
+    const char* mName;
+    const char* mMade; ///< Class name of the object made, or null.
+    const char* mText; ///< Its text; null where that doesn't matter.
+};
+
+void PrintTo(const NameCase& row, std::ostream* out)
+{
+    *out << (row.mName[0] == '\0' ? "empty" : row.mName);
+}
+
+class LA_ClassFactoryNameTest : public testing::TestWithParam<NameCase>
+{};
+
+} // namespace
+
+TEST(LA_ClassFactory, TheFactoryStandsOnThatOfTheMetaModel)
+{
+    const COM_Scoped factory(LA_ClassFactory::New());
+    EXPECT_EQ(factory->getReferenceCount(), 1);
+    EXPECT_EQ(factory->getTypes(),
+              (std::vector<std::string>{"COM_Object", "MM_Object", "MM_Package", "MM_ClassFactory",
+                                        "LA_ClassFactory"}));
+}
+
+TEST_P(LA_ClassFactoryNameTest, ANameMakesTheFirstClassThatItContains)
+{
+    const COM_Scoped factory(LA_ClassFactory::New());
+    const COM_Scoped parameters(COM_Array<MM_Object>::New());
+    const COM_Scoped object(factory->NewInstance(GetParam().mName, *parameters));
+    ASSERT_EQ(object.get() != nullptr, GetParam().mMade != nullptr);
+    if (object) {
+        EXPECT_EQ(object->getClassName(), GetParam().mMade);
+        EXPECT_EQ(object->getReferenceCount(), 1);
+    }
+    if (GetParam().mText != nullptr) {
+        EXPECT_EQ(object->toString(), GetParam().mText);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, LA_ClassFactoryNameTest,
+    testing::Values(
+        NameCase{"15LA_ClassFactory", "15LA_ClassFactory", nullptr},
+        NameCase{"13LA_RealMatrix", "13LA_RealMatrix", "0.000000e+00\t\n"},
+        NameCase{"16LA_ComplexMatrix", "16LA_ComplexMatrix", "(0.000000e+00,0.000000e+00)\t\n"},
+        NameCase{"16LA_IntegerMatrix", "16LA_IntegerMatrix", "0\t\n"},
+        NameCase{"16LA_IntegerVector", "16LA_IntegerVector", "(0)"},
+        NameCase{"16LA_ComplexVector", "16LA_ComplexVector", "((0.000000e+00,0.000000e+00))\n"},
+        NameCase{"13LA_RealVector", "13LA_RealVector", "(0.000000e+00)"},
+        NameCase{"xxLA_RealVector7", "13LA_RealVector", nullptr},
+        NameCase{"LA_RealVectorLA_IntegerMatrix", "16LA_IntegerMatrix", nullptr},
+        NameCase{"LA_RealVectorLA_IntegerVector", "16LA_IntegerVector", nullptr},
+        NameCase{"MM_ValueLA_RealVector", "13LA_RealVector", nullptr},
+        NameCase{"8MM_Class", "8MM_Class", nullptr}, NameCase{"8MM_Value", "8MM_Value", nullptr},
+        NameCase{"15MM_ClassFactory", "15MM_ClassFactory", nullptr},
+        NameCase{"9LA_Object", nullptr, nullptr}, NameCase{"9LA_Vector", nullptr, nullptr},
+        NameCase{"8LA_Block", nullptr, nullptr}, NameCase{"", nullptr, nullptr}));
+
+TEST(LA_ClassFactory, TheFactoryOfTheMetaModelKnowsNoVectors)
+{
+    const COM_Scoped factory(MM_ClassFactory::New());
+    const COM_Scoped parameters(COM_Array<MM_Object>::New());
+    EXPECT_EQ(factory->NewInstance("13LA_RealVector", *parameters), nullptr);
+}
+
+TEST(LA_ClassFactory, AVectorIsWrittenToTheByte)
+{
+    const TestDirectory directory;
+    const COM_Scoped v(LA_RealVector::New(2));
+    v->setValue(1, 0.5);
+    COM_Scoped(LA_ClassFactory::New())->save(directory.file("file"), *v);
+    const std::string id = "13LA_RealVector@" + std::to_string(v->getIdentityNumber());
+    EXPECT_EQ(directory.read("file"), "\n<MM_PACKAGE mRootMetaClassId=\"" + id
+                                          + "\">"
+                                            "\n\t<MM_CLASS mId=\""
+                                          + id
+                                          + "\" mName=\"13LA_RealVector\">"
+                                            "\n\t\t<MM_FIELD mName=\"mDimension\">"
+                                            "\n\t\t\t<MM_VALUE>2</MM_VALUE>"
+                                            "\n\t\t</MM_FIELD>"
+                                            "\n\t\t<MM_FIELD mName=\"mValues\">"
+                                            "\n\t\t\t<MM_VALUE>0.000000e+00</MM_VALUE>"
+                                            "\n\t\t\t<MM_VALUE>5.000000e-01</MM_VALUE>"
+                                            "\n\t\t</MM_FIELD>"
+                                            "\n\t</MM_CLASS>"
+                                            "\n</MM_PACKAGE>");
+}
+
+TEST(LA_ClassFactory, AnyByteSpoiledInAFileDoesNoHarm)
+{
+    const TestDirectory directory;
+    const COM_Scoped v(LA_RealVector::New(3));
+    const COM_Scoped factory(LA_ClassFactory::New());
+    factory->save(directory.file("whole"), *v);
+    const std::string whole = directory.read("whole");
+    int loaded = 0;
+    printedBy([&] {
+        for (std::size_t i = 0; i < whole.size(); ++i) {
+            std::string spoiled = whole;
+            spoiled[i] = '9';
+            // A fresh file for each text: one that is cut and filled again has to reach the disk.
+            std::filesystem::remove(directory.file("file"));
+            const COM_Scoped object(factory->load(directory.write("file", spoiled)));
+            loaded += object ? 1 : 0;
+        }
+    });
+    EXPECT_GT(loaded, 0);
+    EXPECT_LT(loaded, static_cast<int>(whole.size()));
+}
