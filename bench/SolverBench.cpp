@@ -130,7 +130,8 @@ void runSolver(benchmark::State& state, unsigned char method, unsigned long leve
         const QuietDirectory directory;
         const COM_Scoped problem(newProblem(method, levels));
         problem->setSavingPath(directory.slashed());
-        if (problem->run() != 0) {
+        const COM_Scoped out(COM_Out::New());
+        if (problem->run(*out) != 0) {
             state.SkipWithError("the run failed");
         }
     }

@@ -88,7 +88,7 @@ void QV_1DMaxwell::resolveNodes()
     }
 }
 
-// dB/dt = -dE/dz on the lines, centred at t - dt / 2. The incident wave stands at line 0 as if E[0] were
+// dB/dt = -dE/dz on the lines, centred at t. The incident wave stands at line 0 as if E[0] were
 // larger by it on the other side.
 bool QV_1DMaxwell::solveFaraday(double t, double dt)
 {

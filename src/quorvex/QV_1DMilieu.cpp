@@ -16,12 +16,11 @@
 
 namespace {
 
-constexpr long largestMesh = 1000000000; ///< Nodes; more than any machine has memory for.
-
 /// Number of the node that stands at `percent` of `n` nodes.
 long nodeAt(double percent, long n)
 {
-    return std::max(COM_Real::toLong(percent * static_cast<double>(n) / 100.0), -largestMesh) - 1;
+    const long nodes = COM_Real::toLong(percent * static_cast<double>(n) / 100.0);
+    return std::max(nodes, -QV_1DMilieu::Mesh::LARGEST) - 1;
 }
 
 /// Appends new or known nodes `first` to `last` to `polygon`. Gives the last one, or null when there is
@@ -98,7 +97,7 @@ void QV_1DMilieu::create()
     resetBoundaries();
 
     const Mesh mesh = computeMesh();
-    const long last = mesh.mNodesNumber > largestMesh ? -1 : mesh.mNodesNumber - 1;
+    const long last = mesh.mNodesNumber > Mesh::LARGEST ? -1 : mesh.mNodesNumber - 1;
     const COM_Scoped milS(GEO_DelaunayPolygon::New());
     const COM_Scoped bound1S(GEO_DelaunayPolygon::New());
     const COM_Scoped bound2S(GEO_DelaunayPolygon::New());

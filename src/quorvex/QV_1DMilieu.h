@@ -13,13 +13,17 @@ public:
     /// are computed, cut to what a long can hold.
     struct Mesh
     {
+        static constexpr long LARGEST =
+            1000000000; ///< Nodes; more than any machine has memory for.
+
         double mCell;      ///< Length of a cell, m.
         long mNodesNumber; ///< Nodes 0 to mNodesNumber - 1.
         long mFirstActive; ///< First node of the active zone.
         long mLastActive;  ///< Its last node; the first one when the zone ends before it starts.
         bool isValid() const
         {
-            return mNodesNumber >= 3 && mFirstActive >= 0 && mLastActive < mNodesNumber;
+            return mNodesNumber >= 3 && mNodesNumber <= LARGEST && mFirstActive >= 0
+                   && mLastActive < mNodesNumber;
         }
     };
 

@@ -33,6 +33,7 @@ constexpr double defaultAtoms = 1e24;         // 1/m^3
 constexpr unsigned long defaultIterationsMax = 50;
 constexpr double defaultConvergence = 1e-6;
 constexpr unsigned long defaultLevels = 2;
+constexpr unsigned long usualLevels = 1000;
 constexpr unsigned long largestSplitTable = 1UL << 20; // entries; larger ones keep what is read
 constexpr unsigned long deepestProduct = 4;            // factors that a step reads
 
@@ -85,6 +86,14 @@ COM_Array<T>* loadArray(const MM_Class& metaClass, const char* key)
     auto* const array = COM_Array<T>::New();
     metaClass.getAssociationFromMetaFields(key, *array);
     return array;
+}
+
+/// The number of rates in a file: it bears out an unusual number of levels.
+unsigned long storedRates(const MM_Class& metaClass)
+{
+    const COM_Scoped object(metaClass.getAssociationFromMetaFields("mW"));
+    const auto* const rates = dynamic_cast<const LA_RealMatrix*>(object.get());
+    return rates != nullptr ? rates->getLinesNumber() * rates->getColumnsNumber() : 0;
 }
 
 /// The place of `name` in a table, or -1 after the lines that tell the choice.
@@ -229,7 +238,8 @@ void QV_Bloch::loadFromMetaClass(const MM_Class& metaClass)
     metaClass.getAttributeFromMetaFields("mTransversalRelaxationAdim", &mTransversalRelaxationAdim);
     unsigned long levels = mLevelsNumber;
     metaClass.getAttributeFromMetaFields("mLevelsNumber", &levels);
-    if (metaClass.isCredibleSize(levels, levels, 0)) {
+    const unsigned long stored = levels > usualLevels ? storedRates(metaClass) : 0;
+    if (metaClass.isCredibleSize(levels, levels, stored)) {
         setLevelsNumber(levels);
     }
     metaClass.getAttributeFromMetaFields("mAtomsNumber", &mAtomsNumber);
@@ -242,7 +252,7 @@ void QV_Bloch::loadFromMetaClass(const MM_Class& metaClass)
         traces->getFromMetaValues(mTrPPower);
     }
     const auto into = [this](auto*& field) {
-        return [this, &field](auto& object) { associate(field, &object); };
+        return [this, &field](auto& object) { this->associate(field, &object); };
     };
     loadAssociation<LA_ComplexMatrix>(metaClass, "mInitialDensity", [](LA_ComplexMatrix& density) {
         setInitialDensity(density);
@@ -252,6 +262,7 @@ void QV_Bloch::loadFromMetaClass(const MM_Class& metaClass)
     if (auto* const densities = loadArray<LA_ComplexMatrix>(metaClass, "mDensities")) {
         mDensities->Delete();
         mDensities = densities;
+        dissociate(mBlock);
     }
     loadAssociation<LA_RealMatrix>(metaClass, "mW",
                                    [](LA_RealMatrix& w) { setLongitudinalRelaxation(w); });
@@ -289,6 +300,7 @@ void QV_Bloch::setProblem(QV_Problem* problem)
     if (problem == mProblem) {
         return;
     }
+    const COM_Guard guard(*this); // the former problem may be the only holder
     resetProblem();
     associate(mProblem, problem);
     if (mProblem != nullptr) {
@@ -431,16 +443,15 @@ void QV_Bloch::setPolarizationsSize(unsigned long size)
     if (mPs == nullptr) {
         mPs = COM_Array<LA_RealMatrix>::New();
     }
-    const unsigned long oldSize = mPs->size();
+    const LA_RealMatrix* const last = mPs->size() > 0 ? mPs->get(mPs->size() - 1) : nullptr;
+    const COM_Scoped pattern(last != nullptr ? LA_RealMatrix::New(*last)
+                                             : LA_RealMatrix::New(mLevelsNumber, mLevelsNumber));
     mPs->setSize(size);
     for (unsigned long i = 0; i < size; ++i) {
-        if (mPs->get(i) != nullptr) {
-            continue;
+        if (mPs->get(i) == nullptr) {
+            const COM_Scoped copy(LA_RealMatrix::New(*pattern));
+            mPs->set(i, *copy);
         }
-        const bool hasLast = oldSize > 0 && mPs->get(oldSize - 1) != nullptr;
-        const COM_Scoped matrix(hasLast ? LA_RealMatrix::New((*mPs)[oldSize - 1])
-                                        : LA_RealMatrix::New(mLevelsNumber, mLevelsNumber));
-        mPs->set(i, *matrix);
     }
 }
 
@@ -560,6 +571,7 @@ void QV_Bloch::initDensities()
     if (mINITIAL_DENSITY == nullptr) {
         initInitialDensity();
     }
+    mINITIAL_DENSITY->setDimensions(mLevelsNumber, mLevelsNumber);
     unsigned long nodes = 0;
     if (mProblem != nullptr && mProblem->getMilieu() != nullptr) {
         const COM_Scoped vertices(COM_Array<GEO_Vertex>::New());
@@ -624,6 +636,9 @@ void QV_Bloch::initialize(double omegac, double muc, double Emax)
     if (mPs == nullptr) {
         initPolarizations();
     }
+    // Whoever holds them may have resized them.
+    forceToLevels(*mW);
+    mOmega->setDimension(mLevelsNumber);
     const COM_Scoped wAdim(LA_RealMatrix::New(*mW));
     associate(mWAdim, wAdim.get());
     const COM_Scoped omegaAdim(LA_RealVector::New(*mOmega));
@@ -631,6 +646,7 @@ void QV_Bloch::initialize(double omegac, double muc, double Emax)
     const COM_Scoped psAdim(COM_Array<LA_RealMatrix>::New());
     for (unsigned long i = 0; i < mPs->size(); ++i) {
         if (mPs->get(i) != nullptr) {
+            forceToLevels((*mPs)[i]);
             const COM_Scoped copy(LA_RealMatrix::New((*mPs)[i]));
             psAdim->set(i, *copy);
         }
@@ -749,11 +765,11 @@ void QV_Bloch::resolveNodes()
     mILast = mProblem->getMilieu()->getBoundaryLocation(QV_Milieu::LAST_NODE);
 }
 
-QV_Bloch::Range QV_Bloch::activeRange(const QV_Field& E) const
+QV_Bloch::Range QV_Bloch::activeRange(const QV_Field& E, long last) const
 {
     const auto nodes = static_cast<long>(std::min(E.getSize(), mDensities->size()));
-    const long last = std::min(mILast, nodes - 1);
-    if (mIFirst < 0 || last < mIFirst || !isScaled()) {
+    last = std::min(last, nodes - 1);
+    if (E.getDimension() == 0 || mIFirst < 0 || last < mIFirst || !isScaled()) {
         return {0, 0};
     }
     return {static_cast<unsigned long>(mIFirst), static_cast<unsigned long>(last - mIFirst + 1)};
@@ -788,21 +804,23 @@ QV_Atoms QV_Bloch::atoms(unsigned long components, std::vector<double>& polariza
             mIterationsMaxNumber};
 }
 
-void QV_Bloch::computeMBSecundMember(double dt, QV_Field& result)
+bool QV_Bloch::computeMBSecundMember(double dt, const Range& range, QV_Field& result) const
 {
     const QV_Field* const H = mProblem->getMaxwellSystem()->getField(QV_Maxwell::B_FIELD);
     if (H == nullptr || H->getSize() == 0) {
-        return;
+        return false;
     }
     const double r = dt / mDz;
     const auto lines = static_cast<long>(H->getSize());
     const auto valueAt = [H, lines](long line) {
         return line >= 0 && line < lines ? H->getValue(static_cast<unsigned long>(line), 0) : 0.0;
     };
-    result.setDimensions(static_cast<unsigned long>(mILast - mIFirst + 1), 1);
-    for (long j = mIFirst; j <= mILast; ++j) {
-        result[static_cast<unsigned long>(j - mIFirst)][0] = -r * (valueAt(j) - valueAt(j - 1));
+    result.setDimensions(range.mCount, 1);
+    for (unsigned long i = 0; i < range.mCount; ++i) {
+        const auto j = static_cast<long>(range.mFirst + i);
+        result[i][0] = -r * (valueAt(j) - valueAt(j - 1));
     }
+    return true;
 }
 
 unsigned long QV_Bloch::iterate(QV_IterationKernel::Scheme scheme, QV_Field& E, const Range& range,
@@ -840,13 +858,16 @@ bool QV_Bloch::solveCoupled(QV_IterationKernel::Scheme scheme, const char* messa
                             bool isLimitFatal, double t, double dt)
 {
     mIterMax = 0;
+    if (mDensities->size() == 0) {
+        return true;
+    }
     QV_Field* const E = electricField(message);
-    if (E == nullptr || mDensities->size() == 0) {
+    if (E == nullptr) {
         return true;
     }
     resolveMeshStep();
     resolveNodes();
-    const Range range = activeRange(*E);
+    const Range range = activeRange(*E, mILast);
     if (range.mCount == 0) {
         return true;
     }
@@ -854,11 +875,8 @@ bool QV_Bloch::solveCoupled(QV_IterationKernel::Scheme scheme, const char* messa
         const COM_Scoped field(QV_Field::New(0, 1));
         associate(mSecondMember, field.get());
     }
-    computeMBSecundMember(dt, *mSecondMember);
-    if (mSecondMember->getSize() < range.mCount) {
-        return true;
-    }
-    if (iterate(scheme, *E, range, mSecondMember->getValues(), dt) == mIterationsMaxNumber) {
+    if (computeMBSecundMember(dt, range, *mSecondMember)
+        && iterate(scheme, *E, range, mSecondMember->getValues(), dt) == mIterationsMaxNumber) {
         report(range.mFirst, t, dt, nullptr, isLimitFatal);
     }
     return true;
@@ -897,7 +915,7 @@ bool QV_Bloch::solveBlochCrank(double t, double dt)
     }
     resolveMeshStep();
     resolveNodes();
-    const Range range = activeRange(*E);
+    const Range range = activeRange(*E, mILast);
     if (range.mCount > 0
         && iterate(QV_IterationKernel::CRANK, *E, range, nullptr, dt) == mIterationsMaxNumber) {
         report(range.mFirst, t, dt, "i:", false);
@@ -913,7 +931,7 @@ bool QV_Bloch::solveBlochRelaxExtraDiag(double t, double dt)
         return true;
     }
     resolveNodes();
-    const Range range = activeRange(*E);
+    const Range range = activeRange(*E, mIFirst);
     if (range.mCount == 0) {
         return true;
     }
@@ -933,7 +951,7 @@ bool QV_Bloch::solveBlochRelaxDiag(double t, double dt, const QV_Field& oldField
         return true;
     }
     resolveNodes();
-    const Range range = activeRange(*E);
+    const Range range = activeRange(*E, mILast);
     if (range.mCount == 0 || oldField.getDimension() != 1
         || oldField.getSize() < range.mFirst + range.mCount) {
         return true;
@@ -1005,6 +1023,9 @@ bool QV_Bloch::solveBlochSplitInit(double /*t*/, double dt)
 void QV_Bloch::computePolarizationsPower(unsigned long s, unsigned long p)
 {
     std::cout << "computePolarizationsPower \n";
+    if (p == 0) {
+        return;
+    }
     const unsigned long step = (s - 1) / p;
     for (unsigned long q = 1; q <= p; ++q) {
         for (unsigned long u = step; u < s && q * s + u < mPPower->size(); ++u) {
@@ -1026,13 +1047,14 @@ bool QV_Bloch::solveBlochSplit(double /*t*/, double dt)
         return true;
     }
     resolveNodes();
-    const Range range = activeRange(*E);
+    const Range range = activeRange(*E, mILast);
     if (range.mCount == 0 || !isSquare(mExpA, mLevelsNumber)) {
         return true;
     }
     if (mRhoE == nullptr) {
         initEquilibriumDensity();
     }
+    mRhoE->setDimension(mLevelsNumber);
     const bool isTreated = mLevelsNumber >= 2 && mLevelsNumber <= deepestProduct;
     for (unsigned long i = 0; !isTreated && i < range.mCount; ++i) {
         std::cout << "FATAL ERROR: No more than 4 levels for the splitting !! " << mLevelsNumber

@@ -55,7 +55,7 @@ public:
     /// Stores a copy of `density`, forced to n by n, for a node; the array grows as needed.
     virtual void setDensity(const LA_ComplexMatrix& density, unsigned long index);
 
-    /// One time step of length `dt` that ends at `t`, at every node of the medium: see the methods of
+    /// The time step t / dt, of length `dt`, at every node of the medium: see the methods of
     /// `QV_Problem`. A field of several components ends the process with status 0, after a line that says
     /// so. Nodes that reach the limit of iterations are reported on standard output. True always.
     virtual bool solveBlochZiolko(double t, double dt);
@@ -201,9 +201,9 @@ private:
     /// D[i][j] = rates[i][j] with what flows off on the diagonal: each column adds up to zero.
     void initRelaxationFromRates(const LA_RealMatrix& rates);
     void initCoherenceRelaxation();
-    /// Ampere's equation without the atoms: -r (H[j] - H[j - 1]) for each node of the medium, a line beyond
-    /// the mesh counting as 0.
-    void computeMBSecundMember(double dt, QV_Field& result);
+    /// Ampere's equation without the atoms: -r (H[j] - H[j - 1]) for each node of `range`, a line beyond
+    /// the mesh counting as 0. False, and no result, when there are no lines.
+    bool computeMBSecundMember(double dt, const Range& range, QV_Field& result) const;
     /// Products of one factor more than those that end below index `s`, for `p` components.
     void computePolarizationsPower(unsigned long s, unsigned long p);
     QV_SplitKernel::Tables splitTables(double tau, unsigned long m, bool isTreated);
@@ -212,8 +212,9 @@ private:
     QV_Field* electricField(const char* message) const;
     void resolveMeshStep();
     void resolveNodes();
-    /// The nodes that a step treats: the medium as far as it has field, densities and scaled data.
-    Range activeRange(const QV_Field& E) const;
+    /// The nodes that a step treats: the medium up to node `last`, as far as it has field, densities and
+    /// scaled data.
+    Range activeRange(const QV_Field& E, long last) const;
     /// True when the scaled data are there and fit the level count.
     bool isScaled() const;
     /// The densities as one run of values; matrices that lie elsewhere are brought there.

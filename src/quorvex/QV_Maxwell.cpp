@@ -95,6 +95,7 @@ void QV_Maxwell::setProblem(QV_Problem* problem)
     if (problem == mProblem) {
         return;
     }
+    const COM_Guard guard(*this); // the former problem may be the only holder
     resetProblem();
     associate(mProblem, problem);
     if (mProblem != nullptr) {

@@ -27,8 +27,8 @@ struct QV_PackType<8>
 ///
 /// A kernel written on `QV_Pack<W>::Real` is the plain form for W = 1, where a pack is one double, and the
 /// batched form for W = 2, 4 and 8. The operations and their order are the same, and so are the results,
-/// bit for bit. Packs are handed over by reference only, so that no calling convention depends on the
-/// instructions compiled for.
+/// bit for bit but for the signs of not-a-numbers. Packs are handed over by reference only, so that no
+/// calling convention depends on the instructions compiled for.
 template <int W>
 struct QV_Pack
 {

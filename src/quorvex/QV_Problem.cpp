@@ -229,7 +229,8 @@ void QV_Problem::generateBlochFrequencies(LA_RealVector& omega)
 int QV_Problem::run()
 {
     const COM_Scoped out(COM_Out::New());
-    return run(*out);
+    run(*out);
+    return 0;
 }
 
 int QV_Problem::run(COM_Out& out)
@@ -402,12 +403,11 @@ void QV_Problem::solveRelaxation(unsigned long interval, COM_Out& out)
 
 bool QV_Problem::initSaving(std::string path)
 {
-    mIsSavingComplete = true;
     QV_ResultFile::raiseOpenFilesLimit();
     mMilieu->getSavingVertices(*mSavingNodes);
-    writeCaptors(path);
+    mIsSavingComplete = writeCaptors(path);
     mMaxwell->initSaving(path, mSavingNodes);
-    writeLevelFrequencies(path);
+    mIsSavingComplete = writeLevelFrequencies(path) && mIsSavingComplete;
     for (unsigned long b = 0; b < mBlochEquations->size(); ++b) {
         (*mBlochEquations)[b].initSaving(path, mSavingNodes, b);
     }
@@ -415,7 +415,7 @@ bool QV_Problem::initSaving(std::string path)
     return true;
 }
 
-void QV_Problem::writeCaptors(const std::string& path) const
+bool QV_Problem::writeCaptors(const std::string& path) const
 {
     const COM_Scoped vertices(COM_Array<GEO_Vertex>::New());
     mMilieu->getVertices(*vertices);
@@ -435,10 +435,10 @@ void QV_Problem::writeCaptors(const std::string& path) const
                    + " BlochEquationsNumber: " + std::to_string(mBlochEquations->size())
                    + " EDim: " + std::to_string(mMaxwell->getDimension()) + "\n");
     }
-    file.close();
+    return file.close();
 }
 
-void QV_Problem::writeLevelFrequencies(const std::string& path) const
+bool QV_Problem::writeLevelFrequencies(const std::string& path) const
 {
     QV_ResultFile file;
     if (!file.open(path + "level_Frequencies.res")) {
@@ -454,7 +454,7 @@ void QV_Problem::writeLevelFrequencies(const std::string& path) const
                        + "]=" + QV_ResultFile::fixedText((*omega)[i]) + "\n");
         }
     }
-    file.close();
+    return file.close();
 }
 
 bool QV_Problem::save(double t)

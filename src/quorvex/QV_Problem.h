@@ -48,6 +48,7 @@ public:
     virtual int initialize();
     /// Writes the record of the parameters and the result files. 0 always.
     virtual int solve(COM_Out& out);
+    /// The run below with its progress in the log. What it returns tells nothing: 0 always.
     virtual int run();
     /// Makes the mesh, initialises and solves. 0, or a negative value when nothing was written.
     virtual int run(COM_Out& out);
@@ -59,7 +60,7 @@ public:
     /// Closes them. False, after a line on standard error for each file concerned, when not everything
     /// could be written.
     virtual bool closeSaving();
-    /// True unless the last `closeSaving` found a file incomplete.
+    /// True unless a file of the last run is incomplete.
     bool isSavingComplete() const { return mIsSavingComplete; }
 
     /// Called at the end of each step. Empty by default.
@@ -128,8 +129,9 @@ private:
     template <typename Operation>
     void eachSystem(Operation operation);
     void solveRelaxation(unsigned long interval, COM_Out& out);
-    void writeCaptors(const std::string& path) const;
-    void writeLevelFrequencies(const std::string& path) const;
+    // False when the file is incomplete.
+    bool writeCaptors(const std::string& path) const;
+    bool writeLevelFrequencies(const std::string& path) const;
 
     std::string mSavingPath = "resultats/"; ///< Directory of the result files, with its slash.
     double mTimeStep = 1.0;                 ///< s

@@ -67,6 +67,7 @@ private:
 
     double timeStep() const;
     double courant() const;
+    bool isAlternating() const;
     bool isTrapezoidal() const;
     bool isCoupled() const;
     bool isSplitting() const;

@@ -6,7 +6,7 @@
 
 /// Operator splitting: a Hamiltonian step in closed form and a relaxation step, composed in one of four
 /// orders at each node. Raw arrays in, raw arrays out; every instruction set gives the same bits as
-/// `PLAIN`.
+/// `PLAIN`, but for the sign of a not-a-number, which the order of a compiler's operands decides.
 ///
 /// The Hamiltonian step is rho = U^+ rho U with the Cayley transform U = (1 - c A) (1 + c A)^-1 of
 /// A = sum over p of E[p] P[p], c = i tau / 2, written by the Cayley-Hamilton theorem in powers of A

@@ -150,9 +150,10 @@ TEST_P(Golden, RunGivesTheFilesOfTheIndependentProgram)
     testing::internal::CaptureStdout();
     {
         const COM_Scoped problem(scenario.newProblem());
+        const COM_Scoped out(COM_Out::New());
         problem->setSavingPath(directory.slashed());
         for (int run = 0; run < scenario.runs(); ++run) {
-            EXPECT_EQ(problem->run(), 0);
+            EXPECT_EQ(problem->run(*out), 0);
         }
     }
     const std::string log = testing::internal::GetCapturedStdout();

@@ -445,6 +445,11 @@ struct PositionCase
 {
     std::string mWord;
     Values mCoordinates;
+
+    friend std::ostream& operator<<(std::ostream& out, const PositionCase& tested)
+    {
+        return out << caseName(tested.mWord);
+    }
 };
 
 class QV_ResultsPosition : public testing::TestWithParam<PositionCase>
@@ -482,6 +487,11 @@ struct DamagedWord
 {
     std::string mWord;
     std::string mValue;
+
+    friend std::ostream& operator<<(std::ostream& out, const DamagedWord& tested)
+    {
+        return out << caseName(tested.mWord + tested.mValue);
+    }
 };
 
 class QV_ResultsDamagedWord : public testing::TestWithParam<DamagedWord>
@@ -658,6 +668,11 @@ struct TextCase
     std::string mName;
     std::string mText;
     Values mSeconds;
+
+    friend std::ostream& operator<<(std::ostream& out, const TextCase& tested)
+    {
+        return out << tested.mName;
+    }
 };
 
 class QV_ResultsLines : public testing::TestWithParam<TextCase>

@@ -991,7 +991,7 @@ TEST(RunProgram, AResultFileThatCannotBeMadeIsAFailure)
 {
     const TestDirectory directory;
     const End end = call(directory, SMALL + Words{"--force", "-q", "-o", "results"}, [] {
-        const rlimit few{10, 10};
+        const rlimit few{13, 13};
         setrlimit(RLIMIT_NOFILE, &few);
     });
     EXPECT_EQ(end.mStatus, 1);

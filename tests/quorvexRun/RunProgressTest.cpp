@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <ostream>
 #include <string>
 #include <thread>
 
@@ -30,6 +31,11 @@ struct LineCase
     unsigned long mSteps;
     double mSeconds;
     const char* mLine;
+
+    friend std::ostream& operator<<(std::ostream& out, const LineCase& tested)
+    {
+        return out << tested.mLine;
+    }
 };
 
 const LineCase LINES[] = {
@@ -59,7 +65,8 @@ TEST_P(RunProgressLine, TellsStepShareAndTimeLeft)
     EXPECT_EQ(RunProgress::line(line.mStep, line.mSteps, line.mSeconds), line.mLine);
 }
 
-INSTANTIATE_TEST_SUITE_P(Lines, RunProgressLine, testing::ValuesIn(LINES));
+INSTANTIATE_TEST_SUITE_P(Lines, RunProgressLine, testing::ValuesIn(LINES),
+                         [](const auto& tested) { return std::to_string(tested.index); });
 
 TEST(RunProgress, WithoutATerminalEachTenthHasItsLine)
 {
