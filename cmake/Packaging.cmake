@@ -1,6 +1,7 @@
 # Install rules and packages: cpack in a build directory gives TGZ and DEB.
-install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
+set(QUORVEX_DOC_DIR "${CMAKE_INSTALL_DATADIR}/doc/quorvex")
+install(FILES README.md CHANGELOG.md DESTINATION ${QUORVEX_DOC_DIR})
+install(DIRECTORY docs examples DESTINATION ${QUORVEX_DOC_DIR})
 
 # Manual pages are installed compressed, as Debian keeps them. -n leaves out the date: the same bytes each time.
 find_program(QUORVEX_GZIP gzip REQUIRED)
