@@ -206,10 +206,10 @@ void setPolarization(const Target& target)
 
 struct Setting
 {
-    const char* mClass;
-    const char* mKey;
-    const char* mTakes;
-    void (*mSet)(const Target&);
+    const char* mClass = nullptr;
+    const char* mKey = nullptr;
+    const char* mTakes = nullptr;
+    void (*mSet)(const Target&) = nullptr;
     bool mIsIndexed = false; ///< The key stands for several, of which "[number]" chooses one.
 };
 
