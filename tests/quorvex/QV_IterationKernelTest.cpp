@@ -1,12 +1,13 @@
 #include "quorvex/QV_IterationKernel.h"
 
+#include "support/TestNumbers.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <complex>
 #include <cstring>
 #include <limits>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -20,7 +21,6 @@ constexpr Scheme schemes[] = {Scheme::CRANK, Scheme::P, Scheme::ZIOLKO, Scheme::
                               Scheme::RELAX_DIAG};
 constexpr Complex I{0.0, 1.0};
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double smallest = std::numeric_limits<double>::denorm_min();
 
 std::string nameOf(Scheme scheme)
 {
@@ -43,37 +43,13 @@ bool isFieldAdvanced(Scheme scheme)
     return scheme != Scheme::CRANK && scheme != Scheme::RELAX_DIAG;
 }
 
-/// Numbers between -1 and 1 that depend on the seed alone.
-class Numbers
-{
-public:
-    explicit Numbers(unsigned long seed)
-        : mEngine(seed)
-    {}
-    double next() { return static_cast<double>(mEngine() >> 11) * 0x1p-52 - 1.0; }
-    Complex nextComplex()
-    {
-        const double re = next();
-        return {re, next()};
-    }
-    /// A number that vector units may treat in a way of their own.
-    double nextOdd()
-    {
-        const double odd[] = {0.0, -0.0, smallest, -smallest, 1e-310, -1e-310, 1e-160, next()};
-        return odd[mEngine() % std::size(odd)];
-    }
-
-private:
-    std::mt19937_64 mEngine;
-};
-
 /// One class of atoms without any symmetry, so that no index can stand for another unnoticed.
 struct Matter
 {
     explicit Matter(unsigned long levels, unsigned long seed = 1)
         : n(levels)
     {
-        Numbers numbers(seed);
+        TestNumbers numbers(seed);
         for (unsigned long i = 0; i < n * n; ++i) {
             P.push_back(numbers.next());
             W.push_back(0.5 * numbers.next());
@@ -128,7 +104,7 @@ struct Mesh
                        bool isHermitian)
     {
         Mesh mesh(levels, nodes);
-        Numbers numbers(seed);
+        TestNumbers numbers(seed);
         for (unsigned long j = 0; j < nodes; ++j) {
             for (unsigned long a = 0; a < levels; ++a) {
                 for (unsigned long b = 0; b < levels; ++b) {
@@ -815,7 +791,7 @@ TEST_P(QV_IterationKernelBits, FieldsOfZeroGiveTheBitsOfThePlainForm)
 
 TEST_P(QV_IterationKernelBits, SignedZerosAndDenormalsGiveTheBitsOfThePlainForm)
 {
-    Numbers numbers(110);
+    TestNumbers numbers(110);
     for (unsigned long n = 1; n <= 5; ++n) {
         for (int i = 0; i < 10; ++i) {
             Mesh mesh(n, 23);

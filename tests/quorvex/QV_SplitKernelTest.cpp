@@ -1,12 +1,13 @@
 #include "quorvex/QV_SplitKernel.h"
 
+#include "support/TestNumbers.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <complex>
 #include <cstring>
 #include <limits>
-#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,31 +21,6 @@ using Level = QV_InstructionSet::Level;
 constexpr Complex I{0.0, 1.0};
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinite = std::numeric_limits<double>::infinity();
-constexpr double smallest = std::numeric_limits<double>::denorm_min();
-
-/// Numbers between -1 and 1 that depend on the seed alone.
-class Numbers
-{
-public:
-    explicit Numbers(unsigned long seed)
-        : mEngine(seed)
-    {}
-    double next() { return static_cast<double>(mEngine() >> 11) * 0x1p-52 - 1.0; }
-    Complex nextComplex()
-    {
-        const double re = next();
-        return {re, next()};
-    }
-    /// A number that vector units may treat in a way of their own.
-    double nextOdd()
-    {
-        const double odd[] = {0.0, -0.0, smallest, -smallest, 1e-310, -1e-310, 1e-160, next()};
-        return odd[mEngine() % std::size(odd)];
-    }
-
-private:
-    std::mt19937_64 mEngine;
-};
 
 Matrix product(const Matrix& a, const Matrix& b, unsigned long n)
 {
@@ -118,7 +94,7 @@ struct Matter
         : n(levels)
         , m(components)
     {
-        Numbers numbers(seed);
+        TestNumbers numbers(seed);
         for (unsigned long i = 0; i < m * n * n; ++i) {
             P.push_back(numbers.next());
         }
@@ -240,7 +216,7 @@ struct Mesh
                        bool isHermitian)
     {
         Mesh mesh(matter.n, matter.m, nodes);
-        Numbers numbers(seed);
+        TestNumbers numbers(seed);
         for (Complex& value : mesh.rho) {
             value = numbers.nextComplex();
         }
@@ -664,7 +640,7 @@ TEST(QV_SplitKernel, FieldsOfZeroGiveTheBitsOfThePlainForm)
 
 TEST(QV_SplitKernel, SignedZerosAndDenormalsGiveTheBitsOfThePlainForm)
 {
-    Numbers numbers(90);
+    TestNumbers numbers(90);
     for (unsigned long n = 1; n <= 5; ++n) {
         for (int i = 0; i < 10; ++i) {
             Matter matter(n, 1, n);
