@@ -189,9 +189,43 @@ void COM_Real::solveEq3(double a, double b, double c, double d, double* x, unsig
         x[1] = -1.5 * q / p;
     }
     for (unsigned long k = 0; k < n; ++k) {
-        x[k] = (x[k] - b1 / 3.0) * scale;
+        x[k] = x[k] - b1 / 3.0;
+    }
+    refineSmallRoots(b1, c1, d1, x, n);
+    for (unsigned long k = 0; k < n; ++k) {
+        x[k] *= scale;
     }
     shellSort(x, static_cast<int>(n));
+}
+
+void COM_Real::refineSmallRoots(double b, double c, double d, double* x, unsigned long& n)
+{
+    double largest =
+        *std::max_element(x, x + n, [](double l, double r) { return std::fabs(l) < std::fabs(r); });
+    // (y - largest) (y^2 + e y + f): f is the product of the other two, real or not.
+    if (std::fabs(d) > std::fabs(largest * largest * largest) / 16.0) {
+        return;
+    }
+    for (int step = 0; step < 2; ++step) {
+        const double value = ((largest + b) * largest + c) * largest + d;
+        largest -= value / ((3.0 * largest + 2.0 * b) * largest + c);
+    }
+    const double f = -d / largest;
+    const double e = (f - c) / largest;
+    const double scale = std::max(std::fabs(e), std::sqrt(std::fabs(f)));
+    const double e1 = scale == 0.0 ? 0.0 : e / scale;
+    const double f1 = scale == 0.0 ? 0.0 : f / scale / scale;
+    const double discriminant = e1 * e1 - 4.0 * f1;
+    x[0] = largest;
+    n = 1;
+    if (surround(discriminant) == 0.0) {
+        x[n++] = -0.5 * e;
+    } else if (discriminant > 0.0) {
+        unsigned long others = 0;
+        solveEq2(1.0, e1, f1, x + 1, others);
+        std::for_each(x + 1, x + 1 + others, [scale](double& y) { y *= scale; });
+        n += others;
+    }
 }
 
 double COM_Real::surround(double x)

@@ -25,7 +25,7 @@ public:
 
     /// Reads a number as the C library does, with Fortran exponents ("1.5D3"): blanks and a sign may
     /// stand in front, hexadecimal numbers, inf and nan are known, reading stops at the first foreign
-    /// character, no number gives 0.
+    /// character, no number gives 0. Every letter D counts as an E, also as a hexadecimal digit.
     static double parseReal(const std::string& text);
     /// The same, telling how many characters the number takes: none when there is no number.
     static double parseReal(const std::string& text, std::size_t& length);
@@ -40,8 +40,9 @@ public:
     /// `n`. A polynomial without unknown has none. Requires: b^2 and a c neither overflow nor vanish.
     static void solveEq2(double a, double b, double c, double* x, unsigned long& n);
     /// Real roots of a x^3 + b x^2 + c x + d = 0, ascending and each once: at most 3 go to `x`, their
-    /// number to `n`. Cardano's formulas, in trigonometric form where there are three roots. Roots that are
-    /// less than a few 1e-6 of the largest apart count as one.
+    /// number to `n`. Cardano's formulas, in trigonometric form where there are three roots; two roots that
+    /// are small beside the third are those of the quotient. Roots that are less than a few 1e-6 of the
+    /// largest apart, of the larger of such two where they are small, count as one.
     static void solveEq3(double a, double b, double c, double d, double* x, unsigned long& n);
 
 protected:
@@ -49,6 +50,9 @@ protected:
     ~COM_Real() override = default;
 
 private:
+    /// Roots of y^3 + b y^2 + c y + d whose largest is far from the other two: divides it out and solves the
+    /// rest, so that small roots keep their digits. Others stay as they are.
+    static void refineSmallRoots(double b, double c, double d, double* x, unsigned long& n);
     /// The magnitude rounded to a multiple of 1e-12, with the sign given back.
     static double surround(double x);
     /// -1, 0 or 1.

@@ -155,6 +155,25 @@ TEST_F(COM_ArrayTest, RemoveEmptiesEverySlotOfTheObjectAndReleasesEachReference)
     EXPECT_EQ(counts(), (Counts{2, 1, 2}));
 }
 
+TEST_F(COM_ArrayTest, TheArrayGuardsAnObjectWhileItLeavesItsSlots)
+{
+    mArray->add(*mA);
+    mArray->add(*mA);
+    const COM_Scoped view(Array::New(false));
+    view->add(*mA);
+    testing::internal::CaptureStdout();
+    COM_Object::turnOnDebugFlag();
+    mArray->remove(*mA);
+    mArray->remove(*mB);
+    view->remove(*mA);
+    COM_Object::turnOffDebugFlag();
+    const std::string a = mA->getIdentityString();
+    const std::string b = mB->getIdentityString();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              a + " is referenced.\n" + a + " is unreferenced.\n" + a + " is unreferenced.\n" + a
+                  + " is unreferenced.\n" + b + " is referenced.\n" + b + " is unreferenced.\n");
+}
+
 TEST_F(COM_ArrayTest, RemovingAnAbsentObjectOrANullIsRefused)
 {
     mArray->add(*mA);

@@ -188,10 +188,10 @@ INSTANTIATE_TEST_SUITE_P(
     Table, COM_ColorTextTest,
     testing::Values(TextCase{"Color[1,20,255]", {1, 20, 255, 255}},
                     TextCase{"[ 1, 2,\t3]", {1, 2, 3, 255}}, TextCase{"[1,2,3", {1, 2, 3, 255}},
-                    TextCase{"[1,2]", {1, 2, 0, 255}}, TextCase{"[", {0, 0, 0, 255}},
-                    TextCase{"[1,2,3,4]", {1, 2, 3, 255}}, TextCase{"[x,2,3]", {0, 2, 3, 255}},
-                    TextCase{"Color", {0, 0, 0, 255}}, TextCase{"1,2,3]", {0, 0, 0, 255}},
-                    TextCase{"", {0, 0, 0, 255}}));
+                    TextCase{"[1,2]", {1, 2, 0, 255}}, TextCase{"[1,,3]", {1, 3, 0, 255}},
+                    TextCase{"[", {0, 0, 0, 255}}, TextCase{"[1,2,3,4]", {1, 2, 3, 255}},
+                    TextCase{"[x,2,3]", {0, 2, 3, 255}}, TextCase{"Color", {0, 0, 0, 255}},
+                    TextCase{"1,2,3]", {0, 0, 0, 255}}, TextCase{"", {0, 0, 0, 255}}));
 
 TEST(COM_Color, EveryColorComesBackFromItsText)
 {

@@ -108,6 +108,18 @@ TEST_F(COM_MapTest, ClearingReleasesEveryValue)
     EXPECT_EQ(counts(), (Counts{1, 1, 1}));
 }
 
+TEST_F(COM_MapTest, ClearingReleasesTheValuesInTheOrderOfTheirKeys)
+{
+    std::string seen;
+    for (const char* key : {"b", "c", "a"}) {
+        const COM_Scoped own(TestObject::New());
+        own->setFarewell([&seen, key, this] { seen += key + std::to_string(mMap->size()); });
+        mMap->put(key, *own);
+    }
+    mMap->clear();
+    EXPECT_EQ(seen, "a2b1c0");
+}
+
 TEST_F(COM_MapTest, ADyingMapReleasesEveryValue)
 {
     auto* const map = Map::New();

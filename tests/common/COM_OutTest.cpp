@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -32,11 +33,12 @@ TEST(COM_Out, TheThreeOperationsPrintToStandardOutputAndAppendNothing)
     EXPECT_EQ(printedBy([&out] {
                   out->printInt(-5);
                   out->printReal(0.5);
+                  out->printReal(INFINITY);
                   out->printString("text");
                   out->printString("");
                   out->printString("\n");
               }),
-              "-55.000000e-01text\n");
+              "-55.000000e-01     inftext\n");
 }
 
 TEST(COM_Out, EveryTypeOfValueCanBePrinted)

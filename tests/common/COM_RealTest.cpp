@@ -215,6 +215,7 @@ TEST(COM_Real, ANumberIsRoundedDownToAMultipleOfTheStep)
     EXPECT_EQ(COM_Real::toString(1234.0, 100.0), "1.200000e+03");
     EXPECT_EQ(COM_Real::toString(0.2, 0.5), "0.000000e+00");
     EXPECT_EQ(COM_Real::toString(1.75, -0.5), "2.000000e+00");
+    EXPECT_EQ(COM_Real::toString(infinity, 0.5), "     inf");
 }
 
 TEST(COM_Real, AStepOfZeroGivesWhatTheFormulaGives)
@@ -252,6 +253,12 @@ INSTANTIATE_TEST_SUITE_P(
         TextCase{"INFINITY", infinity}, TextCase{"     inf", infinity}, TextCase{"nan", notANumber},
         TextCase{"-nan", notANumber}, TextCase{"NaN(1)", notANumber}, TextCase{"0.1", 0.1},
         TextCase{"9007199254740993", 9007199254740992.0}, TextCase{"\240 5", 0.0}));
+
+TEST(COM_Real, EveryLetterDIsReadAsEInHexadecimalNumbersToo)
+{
+    EXPECT_EQ(COM_Real::parseReal("0xD"), 14.0);
+    EXPECT_EQ(COM_Real::parseReal("0xad"), 174.0);
+}
 
 TEST(COM_Real, TheLengthOfANumberEndsBehindItsLastCharacter)
 {
@@ -525,8 +532,31 @@ TEST(COM_Real, RootsOfDifferentSizeAreAllFoundInACubic)
     expectRoots(rootsOfProduct(1.0, -1e3, 1e-3, 1.0), {-1e3, 1e-3, 1.0}, 1e-9);
 }
 
+TEST(COM_Real, SmallRootsOfACubicKeepTheirDigits)
+{
+    expectRoots(rootsOf3(1e-17, 1.0, -3.0, 2.0), {-1e17, 1.0, 2.0}, 32.0);
+    const Roots small = rootsOf3(1e-17, 1.0, -3.0, 2.0);
+    EXPECT_NEAR(small[1], 1.0, 1e-14);
+    EXPECT_NEAR(small[2], 2.0, 1e-14);
+    const Roots tiny = rootsOfProduct(1.0, 1e-9, 1.0, 100.0);
+    ASSERT_EQ(tiny.size(), 3UL);
+    EXPECT_NEAR(tiny[0], 1e-9, 1e-23);
+    EXPECT_EQ(rootsOf3(1.0, -1e6, 1.0, -1e6).size(), 1UL) << "the other two are imaginary";
+    EXPECT_EQ(rootsOfProduct(1.0, 1.0, 1.0, 1e6).size(), 2UL);
+}
+
 TEST(COM_Real, RootsThatHardlyDifferAreOne)
 {
     expectRoots(rootsOfProduct(1.0, 1.0, 1.0 + 1e-9, 3.0), {1.0, 3.0}, 1e-8);
     expectRoots(rootsOfProduct(1.0, 1.0, 1.0 + 1e-9, 1.0 + 2e-9), {1.0}, 1e-8);
+}
+
+TEST(COM_Real, TwoRootsMeetWhereTheDiscriminantRoundsToZero)
+{
+    // x^3 - 3 x + 2 has the double root 1. With e added to the last term the discriminant, measured by the
+    // size of its own errors, is 0.0267 e, and it is rounded to multiples of 1e-12: the step is at 1.87e-11.
+    EXPECT_EQ(rootsOf3(1.0, 0.0, -3.0, 2.0 - 2.5e-11).size(), 3UL);
+    EXPECT_EQ(rootsOf3(1.0, 0.0, -3.0, 2.0 - 1.5e-11).size(), 2UL);
+    EXPECT_EQ(rootsOf3(1.0, 0.0, -3.0, 2.0 + 1.5e-11).size(), 2UL);
+    EXPECT_EQ(rootsOf3(1.0, 0.0, -3.0, 2.0 + 2.5e-11).size(), 1UL);
 }

@@ -7,9 +7,11 @@
 #include <chrono>
 #include <cstdlib>
 #include <ctime>
+#include <fstream>
 #include <optional>
 #include <string>
 #include <sys/times.h>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -90,10 +92,39 @@ TEST_F(COM_TimeTest, ThePresentIsShownInLocalTime)
     EXPECT_EQ(time->getDay(), static_cast<unsigned long>(local.tm_mday));
 }
 
+TEST_F(COM_TimeTest, TheMillisecondsAreThoseOfTheSameClock)
+{
+    const auto clockNow = [] {
+        const auto sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
+        return static_cast<unsigned long>(
+            std::chrono::duration_cast<std::chrono::milliseconds>(sinceEpoch).count());
+    };
+    // More than once: a second may just have begun.
+    for (int i = 0; i < 3; ++i) {
+        const unsigned long before = clockNow();
+        const COM_Scoped time(COM_Time::New());
+        const unsigned long after = clockNow();
+        const unsigned long now = time->getTime() * 1000 + time->getMilliSeconds();
+        EXPECT_GE(now, before);
+        EXPECT_LE(now, after);
+        std::this_thread::sleep_for(std::chrono::milliseconds(3));
+    }
+}
+
 TEST_F(COM_TimeTest, TheProcessorsTimeCountsTicksOfUserAndSystem)
 {
+    // Work of both kinds, until each has its ticks.
     tms ticks{};
-    times(&ticks);
+    volatile double sum = 0.0;
+    while (ticks.tms_utime == 0 || ticks.tms_stime == 0) {
+        for (int i = 0; i < 100000; ++i) {
+            sum = sum + 1.0;
+        }
+        for (int i = 0; i < 100; ++i) {
+            std::ifstream("/proc/self/stat").get();
+        }
+        times(&ticks);
+    }
     const auto before = static_cast<unsigned long>(ticks.tms_utime + ticks.tms_stime);
     const COM_Scoped time(COM_Time::New());
     times(&ticks);
