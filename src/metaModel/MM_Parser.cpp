@@ -8,7 +8,6 @@
 #include <fstream>
 #include <iostream>
 #include <new>
-#include <stdexcept>
 #include <vector>
 
 namespace {
@@ -175,10 +174,7 @@ int MM_Parser::parseXMLMetaModelFile(const std::string& fileName, MM_Package& pa
     try {
         readPackage(f, package);
     } catch (const std::bad_alloc&) {
-        // A value longer than memory ends the reading like the end of the file.
-        return 0;
-    } catch (const std::length_error&) {
-        return 0;
+        return 0; // more nodes than memory
     }
     return 0;
 }
@@ -223,8 +219,14 @@ void MM_Parser::readField(std::istream& f, std::string& tagName, Attributes& att
     while (tagName == VALUE_XML_TAG) {
         const std::string key = attributes[VALUE_ATTRIBUTES[0]];
         std::string text;
-        if (!getNextEndTag(f, VALUE_XML_TAG, text)) {
-            text.clear();
+        try {
+            if (!getNextEndTag(f, VALUE_XML_TAG, text)) {
+                text.clear();
+            }
+        } catch (const std::bad_alloc&) {
+            // A value longer than memory ends the reading like the end of the file.
+            text = std::string();
+            f.setstate(std::ios::eofbit);
         }
         field->addToMetaValues(key, text);
         getNextTag(f, tagName, attributes);

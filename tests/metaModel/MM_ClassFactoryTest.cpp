@@ -77,6 +77,7 @@ INSTANTIATE_TEST_SUITE_P(
                     NameCase{"15MM_ClassFactory", "15MM_ClassFactory"},
                     NameCase{"MM_Class", "8MM_Class"}, NameCase{"xxMM_Field7", "8MM_Field"},
                     NameCase{"MM_ValueMM_Field", "8MM_Field"},
+                    NameCase{"MM_FieldMM_Class", "8MM_Class"},
                     NameCase{"MM_ValueMM_ClassFactoryMM_Class", "15MM_ClassFactory"},
                     NameCase{"10MM_Package", nullptr}, NameCase{"9MM_Parser", nullptr},
                     NameCase{"mm_class", nullptr}, NameCase{"MM_Clas", nullptr},
@@ -234,6 +235,19 @@ TEST(MM_ClassFactory, LoadingASecondTimeMakesNewObjectsAndLetsGoOfTheOld)
     EXPECT_NE(first.get(), second.get());
     EXPECT_EQ(first->getReferenceCount(), 1);
     EXPECT_EQ(second->getReferenceCount(), 2);
+}
+
+TEST(MM_ClassFactory, SavingLetsGoOfTheObjectsLoadedBefore)
+{
+    const TestDirectory directory;
+    const COM_Scoped a(TestNode::New("a"));
+    const COM_Scoped factory(TestFactory::New());
+    factory->save(directory.file("file"), *a);
+    const COM_Scoped loaded(factory->load(directory.file("file")));
+    ASSERT_TRUE(loaded);
+    EXPECT_EQ(loaded->getReferenceCount(), 2);
+    factory->save(directory.file("file"), *a);
+    EXPECT_EQ(loaded->getReferenceCount(), 1);
 }
 
 TEST(MM_ClassFactory, AFileThatDoesNotExistIsAnnouncedAndGivesNull)

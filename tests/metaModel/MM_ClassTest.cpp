@@ -93,6 +93,9 @@ TEST_F(MM_ClassTest, AFieldWithoutNameIsAnnouncedAndStoredAllTheSame)
                   + " is empty !! can not be added to the class fields.\n"
                     "Set the id of the field to the instance class field name it refers.\n");
     EXPECT_EQ(mNode->getFromMetaFields(""), field.get());
+    const COM_Scoped second(MM_Field::New());
+    EXPECT_NE(printedBy([&] { mNode->addToMetaFields(*second); }), "");
+    EXPECT_EQ(mNode->getFromMetaFields(""), field.get());
 }
 
 TEST_F(MM_ClassTest, FieldsCanBeRemovedOneByOneOrAllTogether)
@@ -109,6 +112,23 @@ TEST_F(MM_ClassTest, FieldsCanBeRemovedOneByOneOrAllTogether)
     mNode->resetMetaFields();
     EXPECT_EQ(field->getReferenceCount(), 1);
     EXPECT_EQ(mNode->getMetaFields().size(), 0UL);
+}
+
+TEST_F(MM_ClassTest, AResetOfTheFieldsGoesFromTheLastNameToTheFirst)
+{
+    const COM_Scoped a(MM_Field::New("a"));
+    const COM_Scoped b(MM_Field::New("b"));
+    const COM_Scoped c(MM_Field::New("c"));
+    for (MM_Field* field : {b.get(), c.get(), a.get()}) {
+        mNode->addToMetaFields(field);
+    }
+    EXPECT_EQ(printedBy([this] {
+                  COM_Object::turnOnDebugFlag();
+                  mNode->resetMetaFields();
+                  COM_Object::turnOffDebugFlag();
+              }),
+              c->getIdentityString() + " is unreferenced.\n" + b->getIdentityString()
+                  + " is unreferenced.\n" + a->getIdentityString() + " is unreferenced.\n");
 }
 
 TEST_F(MM_ClassTest, FieldsCanBeReplacedAndListedInTheOrderOfTheirNames)
@@ -398,6 +418,21 @@ TEST_F(MM_ClassTest, AnAssociationCannotBeFollowedWithoutPackage)
               "no associated packages \n");
 }
 
+TEST_F(MM_ClassTest, AContainerIsEmptiedEvenWithoutPackage)
+{
+    const COM_Scoped old(TestNode::New());
+    const COM_Scoped array(COM_Array<TestNode>::New());
+    const COM_Scoped map(COM_Map<std::string, TestNode>::New());
+    array->add(*old);
+    map->put("k", *old);
+    printedBy([&] {
+        mNode->getAssociationFromMetaFields("f", *array);
+        mNode->getAssociationFromMetaFields("f", *map);
+    });
+    EXPECT_EQ(array->size() + map->size(), 0UL);
+    EXPECT_EQ(old->getReferenceCount(), 1);
+}
+
 TEST_F(MM_ClassTest, AReferenceToNothingIsAnnounced)
 {
     addField(*mInside, "f", {"a"});
@@ -478,6 +513,31 @@ TEST_F(MM_ClassTest, ElementsThatCannotBeMadeAreAnnouncedAndPassedOver)
     // Two slots and the factory hold the first, one slot and the factory the second.
     EXPECT_EQ((*array)[0].getReferenceCount(), 3);
     EXPECT_EQ((*array)[1].getReferenceCount(), 2);
+}
+
+TEST_F(MM_ClassTest, EntriesThatCannotBeMadeAreAnnouncedAndPassedOver)
+{
+    const COM_Scoped field(MM_Field::New("f"));
+    mInside->addToMetaFields(*field);
+    for (const char* id : {"gone", "unknown", "foreign", "a"}) {
+        field->addToMetaValues(std::string("key of ") + id, id);
+    }
+    addNode("unknown", "9QVUnknown");
+    addNode("foreign", "8MM_Value");
+    addNode("a", "8MM_Field");
+    addField(*mFactory->getFromMetaClasses("foreign"), "mKey", {""});
+    addField(*mFactory->getFromMetaClasses("foreign"), "mValue", {""});
+    addField(*mFactory->getFromMetaClasses("a"), "mName", {"made"});
+    addField(*mFactory->getFromMetaClasses("a"), "mValues", {});
+    const COM_Scoped map(COM_Map<std::string, MM_Field>::New());
+    EXPECT_EQ(printedBy([&] { mInside->getAssociationFromMetaFields("f", *map); }),
+              "no object gone stored.\n"
+              "impossible to create an instance of unknown from class n.\n"
+              "impossible to create an instance of foreign from class n.\n");
+    EXPECT_EQ(map->keys(), Names{"key of a"});
+    EXPECT_EQ((*map)["key of a"].getName(), "made");
+    // The map and the factory hold it.
+    EXPECT_EQ((*map)["key of a"].getReferenceCount(), 2);
 }
 
 TEST_F(MM_ClassTest, AMapIsRestoredUnderItsKeys)

@@ -21,6 +21,19 @@ public:
     using TestFactory::removeFromInstanciatedClasses;
     using TestFactory::resetInstanciatedClasses;
 
+    MM_Object* NewInstance(const std::string& name,
+                           const COM_Array<MM_Object>& newParameters) const override
+    {
+        mNamesSeen.clear();
+        for (unsigned long i = 0; i < newParameters.size(); ++i) {
+            mNamesSeen.push_back(dynamic_cast<TestNode&>(newParameters[i]).mName);
+        }
+        return TestFactory::NewInstance(name, newParameters);
+    }
+
+    /// Names of the constructor parameters that the last `NewInstance` got.
+    mutable std::vector<std::string> mNamesSeen;
+
 protected:
     TestPackage() { COM_TYPE(TestPackage); }
     ~TestPackage() override = default;
@@ -162,6 +175,36 @@ TEST(MM_Package, AResetForgetsTheRootAndEveryNodeWhateverItIsCalledNow)
     EXPECT_EQ(package->getRootMetaClass(), nullptr);
 }
 
+TEST(MM_Package, AResetGoesFromTheLastIdentityToTheFirst)
+{
+    const COM_Scoped package(TestPackage::New());
+    std::vector<std::string> releases;
+    for (const char* id : {"b", "c", "a"}) {
+        const COM_Scoped node(newNode(id));
+        const COM_Scoped object(TestNode::New());
+        package->addToMetaClasses(*node);
+        package->addToInstanciatedClasses(id, *object);
+    }
+    for (const char* id : {"c", "b", "a"}) {
+        releases.push_back("deleting " + package->getFromMetaClasses(id)->getIdentityString());
+    }
+    for (const char* id : {"c", "b", "a"}) {
+        releases.push_back("deleting "
+                           + package->getFromInstanciatedClasses(id)->getIdentityString());
+    }
+    const std::string printed = printedBy([&] {
+        COM_Object::turnOnDebugFlag();
+        package->resetMetaClasses();
+        package->resetInstanciatedClasses();
+        COM_Object::turnOffDebugFlag();
+    });
+    std::size_t at = 0;
+    for (const std::string& release : releases) {
+        at = printed.find(release + "...\n", at);
+        ASSERT_NE(at, std::string::npos) << release << " in\n" << printed;
+    }
+}
+
 TEST(MM_Package, NodesAreListedInTheByteOrderOfTheirIdentities)
 {
     const COM_Scoped package(MM_Package::New());
@@ -252,9 +295,9 @@ TEST(MM_Package, TheRegistryOfMadeObjectsHoldsThem)
 TEST(MM_Package, ConstructorParametersAreMadeFirstAndGivenToTheFactory)
 {
     const COM_Scoped package(TestPackage::New());
-    const COM_Scoped first(TestNode::New());
-    const COM_Scoped second(TestNode::New());
-    const COM_Scoped undescribed(TestNode::New());
+    const COM_Scoped first(TestNode::New("first"));
+    const COM_Scoped second(TestNode::New("second"));
+    const COM_Scoped undescribed(TestNode::New("undescribed"));
     const COM_Scoped owner(newNode("owner"));
     package->addToMetaClasses(*owner);
     package->describe(*first);
@@ -266,7 +309,7 @@ TEST(MM_Package, ConstructorParametersAreMadeFirstAndGivenToTheFactory)
     const COM_Scoped object(package->NewInstanceFromMetaClass(*owner));
     testing::internal::GetCapturedStdout();
     ASSERT_NE(object.get(), nullptr);
-    EXPECT_EQ(package->mParametersSeen, 2UL);
+    EXPECT_EQ(package->mNamesSeen, (Names{"second", "first"}));
     MM_Object* const parameter = package->getFromInstanciatedClasses(first->getIdentityString());
     ASSERT_NE(parameter, nullptr);
     EXPECT_EQ(parameter->getReferenceCount(), 1);

@@ -241,6 +241,27 @@ TEST(MM_Parser, KeysStandOnlyWhereTheyAreNotEmptyAndFieldsMayHaveNoValues)
                                    "\n</MM_PACKAGE>");
 }
 
+TEST(MM_Parser, ConstructorParametersAreNeitherWrittenNorRead)
+{
+    const COM_Scoped written(MM_Package::New());
+    const COM_Scoped node(MM_Class::New());
+    node->setId("a");
+    node->setName("n");
+    node->addToNewParameters(*node);
+    written->addToMetaClasses(*node);
+    EXPECT_EQ(writingOf(*written), "\n<MM_PACKAGE mRootMetaClassId=\"\">"
+                                   "\n\t<MM_CLASS mId=\"a\" mName=\"n\">"
+                                   "\n\t</MM_CLASS>"
+                                   "\n</MM_PACKAGE>");
+    const TestDirectory directory;
+    const COM_Scoped read(MM_Package::New());
+    const std::string name = directory.write(
+        "file", concat({package, R"(<MM_CLASS mId="a" mName="n" mNewParameters="b">)"}));
+    EXPECT_EQ(MM_Parser::parseXMLMetaModelFile(name, *read), 0);
+    ASSERT_NE(read->getFromMetaClasses("a"), nullptr);
+    EXPECT_EQ(read->getFromMetaClasses("a")->getNewParameters(), std::vector<std::string>{});
+}
+
 TEST(MM_Parser, NodesStandInTheByteOrderOfTheirIdentities)
 {
     const COM_Scoped written(MM_Package::New());
@@ -347,6 +368,28 @@ TEST(MM_Parser, AWrittenFileReplacesTheOldOneWhole)
     EXPECT_EQ(MM_Parser::generateXMLMetaModelFile(name, *COM_Scoped(MM_Package::New())), 0);
     EXPECT_EQ(directory.read("file"), "\n<MM_PACKAGE mRootMetaClassId=\"\">\n</MM_PACKAGE>");
 }
+
+#ifndef __SANITIZE_ADDRESS__ // whose shadow memory fits under no limit
+TEST(MM_Parser, AValueLongerThanMemoryEndsTheReadingLikeTheEndOfTheFile)
+{
+    const TestDirectory directory;
+    const std::string name = directory.write(
+        "file", "<MM_PACKAGE mRootMetaClassId=\"1\"><MM_CLASS mName=\"C\" mId=\"1\">"
+                "<MM_FIELD mName=\"before\"><MM_VALUE>7</MM_VALUE></MM_FIELD>"
+                "<MM_FIELD mName=\"long\"><MM_VALUE>");
+    std::filesystem::resize_file(name, 300'000'000);
+    EXPECT_EQ(runInChild([&] {
+                  const rlimit limit{200'000'000, 200'000'000};
+                  setrlimit(RLIMIT_AS, &limit);
+                  const COM_Scoped read(MM_Package::New());
+                  const int result = MM_Parser::parseXMLMetaModelFile(name, *read);
+                  const MM_Class* const root = read->getRootMetaClass();
+                  return result == 0 && root != nullptr && root->getMetaFields().size() == 2 ? 0
+                                                                                             : 1;
+              }),
+              0);
+}
+#endif
 
 TEST(MM_Parser, AFileThatCannotBeOpenedIsAnnounced)
 {
