@@ -179,9 +179,9 @@ void QV_1DMilieu::createSavingVertices()
 void QV_1DMilieu::addSavingVertexAt(double position, const COM_Array<GEO_Vertex>& vertices)
 {
     const auto n = static_cast<long>(vertices.size());
-    const long i = std::clamp(nodeAt(position, n), 0L, std::max(n - 1, 0L));
+    const long i = std::min(std::max(nodeAt(position, n), 0L), n - 1);
     std::cout << "nVertex saving:" << i << " at " << position << "\n";
-    if (i < n) {
+    if (i >= 0) {
         addToSavingVertices(vertices[static_cast<unsigned long>(i)]);
     }
 }

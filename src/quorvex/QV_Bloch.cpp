@@ -1188,8 +1188,9 @@ void QV_Bloch::save(double t, unsigned long nNode, unsigned long nFile)
     const unsigned long n = mLevelsNumber;
     const LA_ComplexMatrix* const rho = getDensity(nNode);
     // The predictor-corrector's densities are saved as seen from a frame that turns and decays.
-    const bool isTurned =
-        mProblem->getMethod() == QV_Problem::PRED_CORR_METHOD && mOmegaAdim != nullptr;
+    const bool isTurned = mProblem != nullptr
+                          && mProblem->getMethod() == QV_Problem::PRED_CORR_METHOD
+                          && mOmegaAdim != nullptr;
     const double decay = isTurned ? std::exp(-mTransversalRelaxationAdim * t) : 1.0;
     mLine.clear();
     COM_Real::append(mLine, t, 7, 6);
@@ -1200,8 +1201,8 @@ void QV_Bloch::save(double t, unsigned long nNode, unsigned long nFile)
             double value = element.real();
             if (isTurned) {
                 const double d = mOmegaAdim->getValue(k) - mOmegaAdim->getValue(j);
-                value =
-                    decay * (element.real() * std::cos(d * t) - element.imag() * std::sin(d * t));
+                value = element.real() * decay * std::cos(d * t)
+                        - element.imag() * decay * std::sin(d * t);
             }
             COM_Real::append(mLine, value, 7, 6);
             mLine += " \t ";

@@ -433,8 +433,8 @@ void QV_LoaderWriter::setAtoms(const Parameters& parameters)
     QV_Bloch::setConvergenceRate(
         std::clamp(parameters.mConvergence, leastConvergence, largestConvergence));
     QV_Bloch::setAtomsNumber(parameters.mAtoms);
-    // The word for the relaxation also goes to the splitting order, which knows none of its names: the order
-    // keeps its value, and the word of "type_split" has no effect but to choose the method.
+    // The word for the relaxation also goes to the splitting order, which knows the empty one of its names,
+    // order 0, and announces the others; the word of "type_split" has no effect but to choose the method.
     QV_Bloch::setRelaxationType(parameters.mRelaxation);
     QV_Bloch::setSplitType(parameters.mRelaxation);
 }
@@ -461,6 +461,7 @@ std::string QV_LoaderWriter::matrixFileName(unsigned char method, unsigned char 
 bool QV_LoaderWriter::readMatrix(unsigned long n, const std::string& file, unsigned char method,
                                  unsigned char relaxation)
 {
+    mMissingNumbers = 0;
     std::ifstream stream(file);
     if (!stream.is_open() || mProblem == nullptr || isMatrixTooLarge(n)) {
         return false;

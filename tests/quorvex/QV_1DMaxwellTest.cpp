@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -369,6 +370,20 @@ TEST_F(QV_1DMaxwellTest, AStepOfOneCellTakesTheNeighboursOfOneStepAgoToTheEnds)
     maxwell().solveAmpereZiolko(2.0, 1.0);
     // E[1] was 0 and the incident wave -2; E[3] was 9.
     EXPECT_EQ(valuesOf(E()), (Values{2.0, -2.0, 0.0, 10.0, 9.0}));
+}
+
+TEST_F(QV_1DMaxwellTest, TheLaserDampsItsRightEndInAmpereAloneWhateverHasGoneBefore)
+{
+    makeMesh(5, 2, 2);
+    maxwell().setLaserType(true);
+    maxwell().setLaserReflectorFactor(0.25);
+    E().initValues(16.0);
+    maxwell().solveAmpere(1.0, 1.0);
+    EXPECT_EQ(E()[4][0], 4.0);
+    maxwell().solveAmpereZiolko(2.0, 1.0);
+    EXPECT_EQ(E()[4][0], 4.0);
+    maxwell().solveAmpere(3.0, 1.0);
+    EXPECT_EQ(E()[4][0], 1.0);
 }
 
 TEST_F(QV_1DMaxwellTest, TheEndsNeverTouchTheActiveNodes)
@@ -777,6 +792,23 @@ TEST_F(QV_1DMaxwellTest, ACellSizeOfZeroIsReadAgain)
     });
     maxwell().solveFaraday(1.0, 0.5);
     EXPECT_EQ(maxwell().getDz(), 1.0);
+}
+
+TEST_F(QV_1DMaxwellTest, AKeptZoneWithOneUnknownEndIsReadAgainAtBoth)
+{
+    const std::pair<long, long> zones[] = {{3, -1}, {-1, 5}};
+    for (const auto& [first, last] : zones) {
+        const COM_Scoped node(MM_Class::New());
+        node->addAttributeToMetaFields("mIFirst", first);
+        node->addAttributeToMetaFields("mILast", last);
+        printedBy([&] { maxwell().loadFromMetaClass(*node); });
+        ASSERT_EQ(maxwell().getFirstNode(), first);
+        ASSERT_EQ(maxwell().getLastNode(), last);
+        makeMesh(10, 2, 7);
+        maxwell().solveAmpereZiolko(1.0, 0.5);
+        EXPECT_EQ(maxwell().getFirstNode(), 2);
+        EXPECT_EQ(maxwell().getLastNode(), 7);
+    }
 }
 
 TEST_F(QV_1DMaxwellTest, AKeptZoneLargerThanTheNewMeshIsCutToIt)

@@ -437,8 +437,8 @@ TEST_F(QV_1DMilieuTest, WithoutNodesNothingIsSavedAndTheCaptorsAreStillTold)
     setNodes(0);
     setCaptors({30.0, 100.0});
     EXPECT_EQ(create(), "0 pas d'espace de longueur 1\n"
-                        "nVertex saving:0 at 30\n"
-                        "nVertex saving:0 at 100\n");
+                        "nVertex saving:-1 at 30\n"
+                        "nVertex saving:-1 at 100\n");
     EXPECT_EQ(savingVertices(), Numbers{});
 }
 

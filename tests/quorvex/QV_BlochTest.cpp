@@ -16,6 +16,8 @@
 
 #include <cmath>
 #include <complex>
+#include <cstdio>
+#include <iostream>
 #include <limits>
 #include <string>
 #include <sys/resource.h>
@@ -867,6 +869,31 @@ TEST_F(QV_BlochTest, InitializingTellsItsSteps)
               "\t end adimensionize \n");
 }
 
+namespace {
+
+/// Atoms that tell when their densities are made.
+class TestBloch : public QV_Bloch
+{
+    COM_CLASS(TestBloch)
+public:
+    void initDensities() override { std::cout << "densities\n"; }
+
+protected:
+    TestBloch() { COM_TYPE(TestBloch); }
+    ~TestBloch() override = default;
+};
+
+} // namespace
+
+TEST_F(QV_BlochTest, DensitiesAreMadeByTheMostDerivedClassBetweenTheFirstTwoLines)
+{
+    const COM_Scoped bloch(TestBloch::New());
+    const std::string said = printedBy([&] { bloch->initialize(2.0, 3.0, 5.0); });
+    EXPECT_EQ(said.substr(0, said.find("\t create the")), "\t init densities \n"
+                                                          "densities\n"
+                                                          "\t create adim values \n");
+}
+
 TEST_F(QV_BlochTest, ScaledCopiesLeaveThePhysicalValues)
 {
     QV_Bloch::setLevelsNumber(3);
@@ -1112,6 +1139,54 @@ TEST_F(QV_BlochTest, ThePredictorCorrectorIsSavedFromATurningAndDecayingFrame)
         }
     }
     EXPECT_EQ(directory.read("Rho_Bloch0_at_7.res"), expected + "\n");
+}
+
+TEST_F(QV_BlochTest, TheTurnOfASavedElementIsFormedFactorByFactor)
+{
+    // Elements whose two parts all but cancel show the roundings of each product.
+    const TestDirectory directory;
+    const COM_Scoped problem(newSmallProblem());
+    problem->setMethod(QV_Problem::PRED_CORR_METHOD);
+    QV_Bloch& bloch = firstOf(*problem);
+    bloch.setLevelsFrequency(*COM_Scoped(newVector({1.0, 4.0})));
+    QV_Bloch::setTransversalRelaxation(0.5);
+    initialize(bloch, 2.0);
+    const COM_Scoped vertices(COM_Array<GEO_Vertex>::New());
+    vertices->add(*COM_Scoped(GEO_Vertex::New(7)));
+    bloch.initSaving(directory.slashed(), vertices.get(), 0);
+    const auto turned = [](const Complex& element, double t, double d) {
+        const Complex value =
+            element * std::exp(-0.25 * t) * Complex(std::cos(d * t), std::sin(d * t));
+        char text[32];
+        std::snprintf(text, sizeof text, "%7.6e \t ", value.real());
+        return std::string(text);
+    };
+    std::string expected;
+    for (int i = 1; i <= 20; ++i) {
+        const double t = 0.3 * i;
+        const Complex rho(std::sin(1.5 * t), std::cos(1.5 * t));
+        bloch.setDensity(*COM_Scoped(newDensity(2, {0, rho, std::conj(rho), 0})), 7);
+        bloch.save(t, 7, 0);
+        char head[32];
+        std::snprintf(head, sizeof head, "%7.6e 0 ", t);
+        expected += head + turned(0, t, 0.0) + turned(rho, t, 1.5) + turned(std::conj(rho), t, -1.5)
+                    + turned(0, t, 0.0) + "\n";
+    }
+    EXPECT_TRUE(bloch.closeSaving());
+    EXPECT_EQ(directory.read("Rho_Bloch0_at_7.res"), expected);
+}
+
+TEST_F(QV_BlochTest, ADensityWithoutProblemIsSavedAsItIs)
+{
+    const TestDirectory directory;
+    const COM_Scoped bloch(QV_Bloch::New());
+    const COM_Scoped vertices(COM_Array<GEO_Vertex>::New());
+    vertices->add(*COM_Scoped(GEO_Vertex::New(7)));
+    bloch->initSaving(directory.slashed(), vertices.get(), 0);
+    bloch->save(0.5, 0, 0);
+    EXPECT_TRUE(bloch->closeSaving());
+    EXPECT_EQ(directory.read("Rho_Bloch0_at_7.res"),
+              "5.000000e-01 0 0.000000e+00 \t 0.000000e+00 \t 0.000000e+00 \t 1.000000e+00 \t \n");
 }
 
 TEST_F(QV_BlochTest, AFileThatCannotBeMadeEndsTheProcess)

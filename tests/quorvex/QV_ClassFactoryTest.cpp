@@ -1,8 +1,10 @@
 #include "quorvex/QV_ClassFactory.h"
 
 #include "common/COM_Scoped.h"
+#include "linearAlgebra/LA_ComplexMatrix.h"
 #include "linearAlgebra/LA_RealMatrix.h"
 #include "linearAlgebra/LA_RealVector.h"
+#include "metaModel/MM_Class.h"
 #include "quorvex/QV_1DMilieu.h"
 #include "quorvex/QV_1DProblem.h"
 #include "quorvex/QV_Bloch.h"
@@ -10,9 +12,11 @@
 #include "quorvex/QV_IncidentFields.h"
 #include "support/Printed.h"
 #include "support/TestDirectory.h"
+#include "support/TestProblem.h"
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,6 +24,35 @@
 namespace {
 
 using Names = std::vector<std::string>;
+using Parts = std::map<std::string, std::vector<const COM_Object*>>;
+
+/// What a system of atoms holds, by the keys under which it is saved.
+Parts partsOf(const QV_Bloch& bloch)
+{
+    Parts parts{{"mExpA", {bloch.getPopulationPropagator()}},
+                {"mInitialDensity", {QV_Bloch::getInitialDensity()}},
+                {"mOmega", {bloch.getLevelsFrequency()}},
+                {"mOmegaAdim", {bloch.getLevelsFrequencyAdim()}},
+                {"mProblem", {bloch.getProblem()}},
+                {"mRelaxDiag", {bloch.getPopulationRelaxation()}},
+                {"mRelaxNut", {bloch.getCoherenceRelaxation()}},
+                {"mRhoE", {QV_Bloch::getEquilibriumDensity()}},
+                {"mW", {QV_Bloch::getLongitudinalRelaxation()}},
+                {"mWAdim", {bloch.getLongitudinalRelaxationAdim()}}};
+    const auto add = [&parts](const char* key, const auto& array) {
+        parts[key] = {};
+        for (unsigned long i = 0; i < array.size(); ++i) {
+            if (array.get(i) != nullptr) {
+                parts[key].push_back(array.get(i));
+            }
+        }
+    };
+    add("mDensities", *bloch.getDensities());
+    add("mPPower", *bloch.getPolarizationsPower());
+    add("mPs", *QV_Bloch::getPolarizations());
+    add("mPsAdim", *bloch.getPolarizationsAdim());
+    return parts;
+}
 
 class QV_ClassFactoryTest : public testing::Test
 {
@@ -144,6 +177,83 @@ TEST_F(QV_ClassFactoryTest, AProblemComesBackWholeFromItsFile)
     EXPECT_EQ(found->getSavingPath(), "there/");
     EXPECT_EQ(found->getBlochEquations()->size(), 1UL);
     EXPECT_EQ((*found->getBlochEquations())[0].getProblem(), found);
+}
+
+TEST_F(QV_ClassFactoryTest, WhatASystemHoldsAfterARunIsWrittenUnderItsKeysAndComesBackFromThem)
+{
+    TestProblem problem;
+    ASSERT_EQ(problem.run(), 0);
+    const std::string file = mDirectory.file("p.xml");
+    mFactory->save(file, *problem);
+    const MM_Class* const node = mFactory->getFromMetaClasses(problem.bloch().getIdentityString());
+    ASSERT_NE(node, nullptr);
+    std::map<std::string, Names> texts;
+    for (const auto& [key, objects] : partsOf(problem.bloch())) {
+        Names identities;
+        for (const COM_Object* object : objects) {
+            ASSERT_NE(object, nullptr) << key;
+            identities.push_back(object->getIdentityString());
+            texts[key].push_back(object->toString());
+        }
+        ASSERT_NE(node->getFromMetaFields(key), nullptr) << key;
+        Names written;
+        node->getFromMetaFields(key)->getFromMetaValues(written);
+        EXPECT_EQ(written, identities) << key;
+        EXPECT_FALSE(written.empty()) << key;
+    }
+    // Matrices that are alike could be taken for one another.
+    EXPECT_NE(texts["mExpA"], texts["mRelaxDiag"]);
+    EXPECT_NE(texts["mExpA"], texts["mWAdim"]);
+    EXPECT_NE(texts["mW"], texts["mWAdim"]);
+    EXPECT_NE(texts["mRelaxDiag"], texts["mWAdim"]);
+    EXPECT_NE(texts["mOmega"], texts["mOmegaAdim"]);
+    EXPECT_NE(texts["mPs"], texts["mPsAdim"]);
+    EXPECT_NE(texts["mPPower"], texts["mPsAdim"]);
+
+    const COM_Scoped restored(QV_1DProblem::New());
+    printedBy([&] { COM_Scoped(QV_ClassFactory::New())->load(file, *restored); });
+    ASSERT_EQ(restored->getBlochEquations()->size(), 1UL);
+    for (const auto& [key, objects] : partsOf((*restored->getBlochEquations())[0])) {
+        if (key == "mProblem") {
+            EXPECT_EQ(objects[0], static_cast<const COM_Object*>(restored.get()));
+            continue;
+        }
+        Names read;
+        for (const COM_Object* object : objects) {
+            ASSERT_NE(object, nullptr) << key;
+            read.push_back(object->toString());
+        }
+        EXPECT_EQ(read, texts[key]) << key;
+    }
+}
+
+TEST_F(QV_ClassFactoryTest, AnyObjectOfAProblemMayBeTheRootOfAFile)
+{
+    {
+        TestProblem problem;
+        problem.addSystem();
+        problem.setNodes(5);
+        printedBy([&] { problem->initialize(); });
+        mFactory->save(mDirectory.file("p.xml"), *problem);
+    }
+    const std::string whole = mDirectory.read("p.xml");
+    const COM_Scoped nodes(COM_Array<MM_Class>::New());
+    mFactory->getMetaClasses(*nodes);
+    const std::string root = mFactory->getRootMetaClass()->getId();
+    for (unsigned long i = 0; i < nodes->size(); ++i) {
+        const std::string id = (*nodes)[i].getId();
+        const std::string file =
+            mDirectory.write("other" + std::to_string(i) + ".xml",
+                             replaced(whole, "mRootMetaClassId=\"" + root + "\"",
+                                      "mRootMetaClassId=\"" + id + "\""));
+        const std::string printed = printedBy([&] {
+            const COM_Scoped factory(QV_ClassFactory::New());
+            const COM_Scoped object(factory->load(file));
+            ASSERT_TRUE(object) << id;
+            EXPECT_EQ(object->getClassName(), (*nodes)[i].getName());
+        });
+        EXPECT_EQ(printed.find("Trying to delete"), std::string::npos) << printed;
+    }
 }
 
 TEST_F(QV_ClassFactoryTest, AFileOfAnotherClassLeavesTheObjectAsItWas)

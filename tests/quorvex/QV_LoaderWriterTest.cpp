@@ -1204,8 +1204,22 @@ TEST_F(QV_LoaderWriterTest, NumbersThatAFileLacksAreZero)
     EXPECT_EQ(valuesOf(QV_Bloch::getLongitudinalRelaxation()), (Values{0, 0, 0, 0}));
     EXPECT_EQ(QV_Bloch::getTransversalRelaxation(), 0.0);
     EXPECT_EQ(valuesOf(QV_Bloch::getEquilibriumDensity()), (Values{0, 0}));
+    EXPECT_EQ(mLoader->getMissingNumbers(), 12UL);
     EXPECT_TRUE(readMatrixText(2, "", 0, 3));
     EXPECT_EQ(valuesOf(bloch().getLevelsFrequency()), (Values{0, 0}));
+    EXPECT_EQ(mLoader->getMissingNumbers(), 15UL);
+    EXPECT_TRUE(readMatrixText(2, joined(shortRows), 0, 3));
+    EXPECT_EQ(mLoader->getMissingNumbers(), 0UL);
+}
+
+TEST_F(QV_LoaderWriterTest, AFileThatIsNotReadIsShortOfNothing)
+{
+    const COM_Scoped one(QV_1DProblem::New());
+    mLoader->setProblem(*one);
+    EXPECT_TRUE(readMatrixText(2, "", 0, 3));
+    EXPECT_NE(mLoader->getMissingNumbers(), 0UL);
+    EXPECT_FALSE(mLoader->readMatrix(2, mDirectory.file("none.dat"), 0, 3));
+    EXPECT_EQ(mLoader->getMissingNumbers(), 0UL);
 }
 
 TEST_F(QV_LoaderWriterTest, AMissingMatrixFileChangesNothing)

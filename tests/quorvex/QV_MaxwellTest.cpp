@@ -448,3 +448,27 @@ TEST_F(QV_MaxwellTest, MissingKeysAreAnnouncedAndKeepTheirValues)
     EXPECT_EQ(Description(*mMaxwell).text(), before);
     EXPECT_TRUE(mMaxwell->isReflexifLaserType());
 }
+
+TEST_F(QV_MaxwellTest, BrokenReferencesAreAnnouncedInTheOrderOfReading)
+{
+    const COM_Scoped factory(QV_ClassFactory::New());
+    const COM_Scoped node(MM_Class::New());
+    node->setId("id");
+    factory->addToMetaClasses(*node);
+    mMaxwell->saveToMetaClass(*node);
+    node->removeFromMetaFields(*node->getFromMetaFields("mIncidentFields"));
+    node->removeFromMetaFields(*node->getFromMetaFields("mFields"));
+    for (const std::string key : {"mProblem", "mIncidentFields", "mFields", "mFactors",
+                                  "mMovingIncidentFieldValue", "mE1Old", "mEn1Old"}) {
+        node->addAttributeToMetaFields(key, "of " + key);
+    }
+    EXPECT_EQ(printedBy([&] { mMaxwell->loadFromMetaClass(*node); }),
+              "no object of mFactors stored.\n"
+              "no object of mProblem stored.\n"
+              "no object of mIncidentFields stored.\n"
+              "no object of mFields stored.\n"
+              "no object of mMovingIncidentFieldValue stored.\n"
+              "no object of mE1Old stored.\n"
+              "no object of mEn1Old stored.\n");
+    EXPECT_EQ(mMaxwell->getIncidentFields(), mWave.get());
+}

@@ -671,6 +671,86 @@ TEST_P(QV_ProblemMethodTest, WithoutSystemsOnlyTheFieldIsAdvanced)
     EXPECT_EQ(mProblem.directory().read("level_Frequencies.res"), "");
 }
 
+namespace {
+
+/// Notes its operations, and can end two of them with other results.
+class NotingProblem : public QV_1DProblem
+{
+    COM_CLASS(NotingProblem)
+public:
+    int initialize() override
+    {
+        mCalls.emplace_back("initialize");
+        const int result = QV_1DProblem::initialize();
+        return mInitialized != 0 ? mInitialized : result;
+    }
+    int solve(COM_Out& out) override
+    {
+        mCalls.emplace_back("solve");
+        return QV_1DProblem::solve(out) + mSolved;
+    }
+    bool save(double t) override
+    {
+        mTimes.push_back(t);
+        mCalls.emplace_back("save");
+        QV_1DProblem::save(t);
+        return false;
+    }
+    bool initSaving(std::string path) override
+    {
+        mCalls.push_back("initSaving " + path);
+        return QV_1DProblem::initSaving(path);
+    }
+    bool closeSaving() override
+    {
+        mCalls.emplace_back("closeSaving");
+        return QV_1DProblem::closeSaving();
+    }
+
+    int mInitialized = 0; ///< What `initialize` gives; 0 for its own result.
+    int mSolved = 0;
+    Names mCalls;
+    Values mTimes;
+
+protected:
+    NotingProblem() { COM_TYPE(NotingProblem); }
+    ~NotingProblem() override = default;
+};
+
+} // namespace
+
+TEST_F(QV_ProblemTest, ARunGoesThroughItsVirtualOperationsAndHandsOnTheirResults)
+{
+    const COM_Scoped problem(NotingProblem::New());
+    dynamic_cast<QV_1DMilieu&>(*problem->getMilieu()).setLength(20.5 * StableProblem::CELL);
+    problem->setMethod(QV_Problem::SPLIT_METHOD);
+    problem->setMaxTimeStepsNumber(10);
+    problem->setSavingPath(mProblem.directory().slashed());
+    const auto run = [&] {
+        int result = 0;
+        printedBy([&] { result = problem->run(mProblem.out()); });
+        return result;
+    };
+    problem->mInitialized = -7;
+    EXPECT_EQ(run(), -7);
+    EXPECT_EQ(problem->mCalls, Names{"initialize"});
+    EXPECT_EQ(resultFiles(mProblem.directory()), Files{});
+
+    problem->mInitialized = 1;
+    problem->mSolved = 5;
+    problem->mCalls.clear();
+    EXPECT_EQ(run(), 5);
+    Names calls{"initialize", "solve", "initSaving " + mProblem.directory().slashed()};
+    Values times;
+    for (int n = 1; n <= 10; ++n) {
+        calls.emplace_back("save"); // and a save that fails ends nothing
+        times.push_back(n * problem->getTimeStepAdim());
+    }
+    calls.emplace_back("closeSaving");
+    EXPECT_EQ(problem->mCalls, calls);
+    EXPECT_EQ(problem->mTimes, times);
+}
+
 // ---------------------------------------------------------------- the steps of each method
 
 namespace {
@@ -1143,6 +1223,21 @@ TEST_F(QV_ProblemTest, AMissingDirectoryEndsTheProcessAtTheFirstFile)
         },
         testing::ExitedWithCode(0),
         whole("impossible to save the initialization in missing//captors.res\n"));
+}
+
+TEST_F(QV_ProblemTest, ARunWithoutItsDirectoryEndsTheProcessAfterItsRecord)
+{
+    mProblem->setSavingPath("missing/");
+    const std::string log = logBefore("");
+    EXPECT_EXIT(
+        {
+            dup2(STDERR_FILENO, STDOUT_FILENO);
+            mProblem->run(mProblem.out());
+        },
+        testing::ExitedWithCode(0),
+        whole(log.substr(0, log.find(" init Saving done\n"))
+              + "impossible to save the initialization in missing//captors.res\n"));
+    EXPECT_TRUE(std::filesystem::exists("paramBeforeSolving.xml"));
 }
 
 namespace {
