@@ -27,7 +27,12 @@ public:
     /// The same without an end: false when it cannot be made.
     bool open(const std::string& name);
     bool isOpen() const { return mFile != nullptr; }
-    void write(const std::string& line) { std::fwrite(line.data(), 1, line.size(), mFile); }
+    void write(const std::string& line)
+    {
+        if (mFile != nullptr) {
+            std::fwrite(line.data(), 1, line.size(), mFile);
+        }
+    }
     /// False, after a line on standard error, when not everything could be written. A closed file is
     /// left alone.
     bool close();

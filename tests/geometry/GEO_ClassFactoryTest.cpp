@@ -3,7 +3,7 @@
 #include "common/COM_Scoped.h"
 #include "geometry/GEO_Box.h"
 #include "geometry/GEO_Point.h"
-#include "support/CaseName.h"
+#include "support/FactoryNames.h"
 #include "support/Printed.h"
 #include "support/TestDirectory.h"
 
@@ -14,18 +14,7 @@
 
 namespace {
 
-struct NameCase
-{
-    const char* mName;
-    const char* mMade; ///< Class name of the object made, or null.
-};
-
-void PrintTo(const NameCase& row, std::ostream* out)
-{
-    *out << caseName(row.mName);
-}
-
-class GEO_ClassFactoryNameTest : public testing::TestWithParam<NameCase>
+class GEO_ClassFactoryNameTest : public FactoryNameTest
 {};
 
 } // namespace
@@ -41,32 +30,27 @@ TEST(GEO_ClassFactory, TheFactoryStandsOnThatOfVectorsAndMatrices)
 
 TEST_P(GEO_ClassFactoryNameTest, ANameMakesTheFirstClassThatItContains)
 {
-    const COM_Scoped factory(GEO_ClassFactory::New());
-    const COM_Scoped parameters(COM_Array<MM_Object>::New());
-    const COM_Scoped object(factory->NewInstance(GetParam().mName, *parameters));
-    ASSERT_EQ(object.get() != nullptr, GetParam().mMade != nullptr);
-    if (object) {
-        EXPECT_EQ(object->getClassName(), GetParam().mMade);
-        EXPECT_EQ(object->getReferenceCount(), 1);
-    }
+    expectMade<GEO_ClassFactory>();
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Table, GEO_ClassFactoryNameTest,
     testing::Values(
-        NameCase{"16GEO_ClassFactory", "16GEO_ClassFactory"}, NameCase{"7GEO_Box", "7GEO_Box"},
-        NameCase{"9GEO_Point", "9GEO_Point"}, NameCase{"xxGEO_Box7", "7GEO_Box"},
+        FactoryName{"16GEO_ClassFactory", "16GEO_ClassFactory"},
+        FactoryName{"7GEO_Box", "7GEO_Box"}, FactoryName{"9GEO_Point", "9GEO_Point"},
+        FactoryName{"xxGEO_Box7", "7GEO_Box"},
         // The order: the factory itself, the box, the point, then the factories beneath.
-        NameCase{"GEO_PointGEO_BoxGEO_ClassFactory", "16GEO_ClassFactory"},
-        NameCase{"GEO_PointGEO_Box", "7GEO_Box"},
-        NameCase{"LA_ClassFactoryGEO_Point", "9GEO_Point"}, NameCase{"MM_ClassGEO_Box", "7GEO_Box"},
-        NameCase{"LA_RealVectorMM_Class", "13LA_RealVector"},
-        NameCase{"15LA_ClassFactory", "15LA_ClassFactory"},
-        NameCase{"13LA_RealMatrix", "13LA_RealMatrix"},
-        NameCase{"13LA_RealVector", "13LA_RealVector"}, NameCase{"8MM_Class", "8MM_Class"},
-        NameCase{"15MM_ClassFactory", "15MM_ClassFactory"}, NameCase{"10GEO_Vertex", nullptr},
-        NameCase{"8GEO_Line", nullptr}, NameCase{"10GEO_Object", nullptr},
-        NameCase{"GEO_", nullptr}, NameCase{"", nullptr}));
+        FactoryName{"GEO_PointGEO_BoxGEO_ClassFactory", "16GEO_ClassFactory"},
+        FactoryName{"GEO_PointGEO_Box", "7GEO_Box"},
+        FactoryName{"LA_ClassFactoryGEO_Point", "9GEO_Point"},
+        FactoryName{"MM_ClassGEO_Box", "7GEO_Box"},
+        FactoryName{"LA_RealVectorMM_Class", "13LA_RealVector"},
+        FactoryName{"15LA_ClassFactory", "15LA_ClassFactory"},
+        FactoryName{"13LA_RealMatrix", "13LA_RealMatrix"},
+        FactoryName{"13LA_RealVector", "13LA_RealVector"}, FactoryName{"8MM_Class", "8MM_Class"},
+        FactoryName{"15MM_ClassFactory", "15MM_ClassFactory"}, FactoryName{"10GEO_Vertex", nullptr},
+        FactoryName{"8GEO_Line", nullptr}, FactoryName{"10GEO_Object", nullptr},
+        FactoryName{"GEO_", nullptr}, FactoryName{"", nullptr}));
 
 TEST(GEO_ClassFactory, APointIsMadeAsTheOriginOfThePlane)
 {

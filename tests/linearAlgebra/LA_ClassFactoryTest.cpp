@@ -2,6 +2,7 @@
 
 #include "common/COM_Scoped.h"
 #include "linearAlgebra/LA_RealVector.h"
+#include "support/FactoryNames.h"
 #include "support/Printed.h"
 #include "support/TestDirectory.h"
 
@@ -13,19 +14,7 @@
 
 namespace {
 
-struct NameCase
-{
-    const char* mName;
-    const char* mMade; ///< Class name of the object made, or null.
-    const char* mText; ///< Its text; null where that doesn't matter.
-};
-
-void PrintTo(const NameCase& row, std::ostream* out)
-{
-    *out << (row.mName[0] == '\0' ? "empty" : row.mName);
-}
-
-class LA_ClassFactoryNameTest : public testing::TestWithParam<NameCase>
+class LA_ClassFactoryNameTest : public FactoryNameTest
 {};
 
 } // namespace
@@ -41,42 +30,33 @@ TEST(LA_ClassFactory, TheFactoryStandsOnThatOfTheMetaModel)
 
 TEST_P(LA_ClassFactoryNameTest, ANameMakesTheFirstClassThatItContains)
 {
-    const COM_Scoped factory(LA_ClassFactory::New());
-    const COM_Scoped parameters(COM_Array<MM_Object>::New());
-    const COM_Scoped object(factory->NewInstance(GetParam().mName, *parameters));
-    ASSERT_EQ(object.get() != nullptr, GetParam().mMade != nullptr);
-    if (object) {
-        EXPECT_EQ(object->getClassName(), GetParam().mMade);
-        EXPECT_EQ(object->getReferenceCount(), 1);
-    }
-    if (GetParam().mText != nullptr) {
-        EXPECT_EQ(object->toString(), GetParam().mText);
-    }
+    expectMade<LA_ClassFactory>();
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Table, LA_ClassFactoryNameTest,
     testing::Values(
-        NameCase{"15LA_ClassFactory", "15LA_ClassFactory", nullptr},
-        NameCase{"13LA_RealMatrix", "13LA_RealMatrix", "0.000000e+00\t\n"},
-        NameCase{"16LA_ComplexMatrix", "16LA_ComplexMatrix", "(0.000000e+00,0.000000e+00)\t\n"},
-        NameCase{"16LA_IntegerMatrix", "16LA_IntegerMatrix", "0\t\n"},
-        NameCase{"16LA_IntegerVector", "16LA_IntegerVector", "(0)"},
-        NameCase{"16LA_ComplexVector", "16LA_ComplexVector", "((0.000000e+00,0.000000e+00))\n"},
-        NameCase{"13LA_RealVector", "13LA_RealVector", "(0.000000e+00)"},
-        NameCase{"xxLA_RealVector7", "13LA_RealVector", nullptr},
+        FactoryName{"15LA_ClassFactory", "15LA_ClassFactory", nullptr},
+        FactoryName{"13LA_RealMatrix", "13LA_RealMatrix", "0.000000e+00\t\n"},
+        FactoryName{"16LA_ComplexMatrix", "16LA_ComplexMatrix", "(0.000000e+00,0.000000e+00)\t\n"},
+        FactoryName{"16LA_IntegerMatrix", "16LA_IntegerMatrix", "0\t\n"},
+        FactoryName{"16LA_IntegerVector", "16LA_IntegerVector", "(0)"},
+        FactoryName{"16LA_ComplexVector", "16LA_ComplexVector", "((0.000000e+00,0.000000e+00))\n"},
+        FactoryName{"13LA_RealVector", "13LA_RealVector", "(0.000000e+00)"},
+        FactoryName{"xxLA_RealVector7", "13LA_RealVector", nullptr},
         // The order of the list: of each pair the second name comes first.
-        NameCase{"LA_RealVectorLA_ComplexVector", "16LA_ComplexVector", nullptr},
-        NameCase{"LA_ComplexVectorLA_IntegerVector", "16LA_IntegerVector", nullptr},
-        NameCase{"LA_IntegerVectorLA_IntegerMatrix", "16LA_IntegerMatrix", nullptr},
-        NameCase{"LA_IntegerMatrixLA_ComplexMatrix", "16LA_ComplexMatrix", nullptr},
-        NameCase{"LA_ComplexMatrixLA_RealMatrix", "13LA_RealMatrix", nullptr},
-        NameCase{"LA_RealMatrixLA_ClassFactory", "15LA_ClassFactory", nullptr},
-        NameCase{"MM_ValueLA_RealVector", "13LA_RealVector", nullptr},
-        NameCase{"8MM_Class", "8MM_Class", nullptr}, NameCase{"8MM_Value", "8MM_Value", nullptr},
-        NameCase{"15MM_ClassFactory", "15MM_ClassFactory", nullptr},
-        NameCase{"9LA_Object", nullptr, nullptr}, NameCase{"9LA_Vector", nullptr, nullptr},
-        NameCase{"8LA_Block", nullptr, nullptr}, NameCase{"", nullptr, nullptr}));
+        FactoryName{"LA_RealVectorLA_ComplexVector", "16LA_ComplexVector", nullptr},
+        FactoryName{"LA_ComplexVectorLA_IntegerVector", "16LA_IntegerVector", nullptr},
+        FactoryName{"LA_IntegerVectorLA_IntegerMatrix", "16LA_IntegerMatrix", nullptr},
+        FactoryName{"LA_IntegerMatrixLA_ComplexMatrix", "16LA_ComplexMatrix", nullptr},
+        FactoryName{"LA_ComplexMatrixLA_RealMatrix", "13LA_RealMatrix", nullptr},
+        FactoryName{"LA_RealMatrixLA_ClassFactory", "15LA_ClassFactory", nullptr},
+        FactoryName{"MM_ValueLA_RealVector", "13LA_RealVector", nullptr},
+        FactoryName{"8MM_Class", "8MM_Class", nullptr},
+        FactoryName{"8MM_Value", "8MM_Value", nullptr},
+        FactoryName{"15MM_ClassFactory", "15MM_ClassFactory", nullptr},
+        FactoryName{"9LA_Object", nullptr}, FactoryName{"9LA_Vector", nullptr},
+        FactoryName{"8LA_Block", nullptr}, FactoryName{"", nullptr}));
 
 TEST(LA_ClassFactory, TheFactoryOfTheMetaModelKnowsNoVectors)
 {

@@ -3,6 +3,7 @@
 #include "common/COM_Scoped.h"
 #include "metaModel/MM_Class.h"
 #include "metaModel/MM_Parser.h"
+#include "support/FactoryNames.h"
 #include "support/Printed.h"
 #include "support/TestDirectory.h"
 #include "support/TestNode.h"
@@ -28,18 +29,7 @@ protected:
 
 namespace {
 
-struct NameCase
-{
-    const char* mName;
-    const char* mMade; ///< Class name of the object made, or null.
-};
-
-void PrintTo(const NameCase& row, std::ostream* out)
-{
-    *out << (row.mName[0] == '\0' ? "empty" : row.mName);
-}
-
-class MM_ClassFactoryNameTest : public testing::TestWithParam<NameCase>
+class MM_ClassFactoryNameTest : public FactoryNameTest
 {};
 
 /// The object as a node; null if it is none.
@@ -60,28 +50,21 @@ TEST(MM_ClassFactory, AFactoryIsAPackage)
 
 TEST_P(MM_ClassFactoryNameTest, ANameMakesTheFirstClassThatItContains)
 {
-    const COM_Scoped factory(MM_ClassFactory::New());
-    const COM_Scoped parameters(COM_Array<MM_Object>::New());
-    const COM_Scoped object(factory->NewInstance(GetParam().mName, *parameters));
-    ASSERT_EQ(object.get() != nullptr, GetParam().mMade != nullptr);
-    if (object) {
-        EXPECT_EQ(object->getClassName(), GetParam().mMade);
-        EXPECT_EQ(object->getReferenceCount(), 1);
-    }
+    expectMade<MM_ClassFactory>();
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Table, MM_ClassFactoryNameTest,
-    testing::Values(NameCase{"8MM_Class", "8MM_Class"}, NameCase{"8MM_Field", "8MM_Field"},
-                    NameCase{"8MM_Value", "8MM_Value"},
-                    NameCase{"15MM_ClassFactory", "15MM_ClassFactory"},
-                    NameCase{"MM_Class", "8MM_Class"}, NameCase{"xxMM_Field7", "8MM_Field"},
-                    NameCase{"MM_ValueMM_Field", "8MM_Field"},
-                    NameCase{"MM_FieldMM_Class", "8MM_Class"},
-                    NameCase{"MM_ValueMM_ClassFactoryMM_Class", "15MM_ClassFactory"},
-                    NameCase{"10MM_Package", nullptr}, NameCase{"9MM_Parser", nullptr},
-                    NameCase{"mm_class", nullptr}, NameCase{"MM_Clas", nullptr},
-                    NameCase{"8TestNode", nullptr}, NameCase{"", nullptr}));
+    testing::Values(FactoryName{"8MM_Class", "8MM_Class"}, FactoryName{"8MM_Field", "8MM_Field"},
+                    FactoryName{"8MM_Value", "8MM_Value"},
+                    FactoryName{"15MM_ClassFactory", "15MM_ClassFactory"},
+                    FactoryName{"MM_Class", "8MM_Class"}, FactoryName{"xxMM_Field7", "8MM_Field"},
+                    FactoryName{"MM_ValueMM_Field", "8MM_Field"},
+                    FactoryName{"MM_FieldMM_Class", "8MM_Class"},
+                    FactoryName{"MM_ValueMM_ClassFactoryMM_Class", "15MM_ClassFactory"},
+                    FactoryName{"10MM_Package", nullptr}, FactoryName{"9MM_Parser", nullptr},
+                    FactoryName{"mm_class", nullptr}, FactoryName{"MM_Clas", nullptr},
+                    FactoryName{"8TestNode", nullptr}, FactoryName{"", nullptr}));
 
 TEST(MM_ClassFactory, AnHeirTriesItsOwnNamesFirstAndThenItsBases)
 {

@@ -11,6 +11,7 @@
 #include "linearAlgebra/LA_RealVector.h"
 #include "quorvex/QV_ClassFactory.h"
 #include "support/Description.h"
+#include "support/MeshNumbers.h"
 #include "support/Printed.h"
 #include "support/TestDirectory.h"
 
@@ -26,7 +27,6 @@
 namespace {
 
 using Names = std::vector<std::string>;
-using Numbers = std::vector<long>;
 using Values = std::vector<double>;
 
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
@@ -61,33 +61,9 @@ protected:
         captors->setValues(positions);
         mMilieu->setCaptors(*captors);
     }
-    template <typename T>
-    static Numbers numbersOf(const COM_Array<T>& array)
-    {
-        Numbers numbers;
-        for (unsigned long i = 0; i < array.size(); ++i) {
-            numbers.push_back(array[i].getLocationNumber());
-        }
-        return numbers;
-    }
-    Numbers vertices() const
-    {
-        const COM_Scoped array(COM_Array<GEO_Vertex>::New());
-        mMilieu->getVertices(*array);
-        return numbersOf(*array);
-    }
-    Numbers lines() const
-    {
-        const COM_Scoped array(COM_Array<GEO_Line>::New());
-        mMilieu->getLines(*array);
-        return numbersOf(*array);
-    }
-    Numbers savingVertices() const
-    {
-        const COM_Scoped array(COM_Array<GEO_Vertex>::New());
-        mMilieu->getSavingVertices(*array);
-        return numbersOf(*array);
-    }
+    Numbers vertices() const { return verticesOf(*mMilieu); }
+    Numbers lines() const { return linesOf(*mMilieu); }
+    Numbers savingVertices() const { return savingVerticesOf(*mMilieu); }
     /// Numbers of the nodes of a zone, along its chain.
     Numbers zone(const std::string& name) const
     {

@@ -9,7 +9,9 @@
 #include "quorvex/QV_IncidentFields.h"
 #include "quorvex/QV_Maxwell.h"
 #include "quorvex/QV_RelaxKernel.h"
+#include "support/PlainMatrix.h"
 #include "support/Printed.h"
+#include "support/TestNumbers.h"
 
 #include <gtest/gtest.h>
 
@@ -26,7 +28,7 @@
 namespace {
 
 using Complex = std::complex<double>;
-using Matrix = std::vector<Complex>; // n by n, row after row
+using Matrix = PlainMatrix; // n by n, row after row
 using Scheme = QV_IterationKernel::Scheme;
 
 constexpr Complex I{0.0, 1.0};
@@ -35,19 +37,6 @@ constexpr unsigned long first = 2; // the active zone
 constexpr unsigned long last = 8;
 constexpr double step = 0.1;
 constexpr double time0 = 0.75;
-
-/// Numbers between -1 and 1 that depend on the seed alone.
-class Numbers
-{
-public:
-    explicit Numbers(unsigned long seed)
-        : mEngine(seed)
-    {}
-    double next() { return static_cast<double>(mEngine() >> 11) * 0x1p-52 - 1.0; }
-
-private:
-    std::mt19937_64 mEngine;
-};
 
 /// Densities and fields of all nodes, as they stand at one moment.
 struct State
@@ -61,19 +50,6 @@ Matrix matrixOf(const M& matrix)
 {
     return {matrix.getValues(),
             matrix.getValues() + matrix.getLinesNumber() * matrix.getColumnsNumber()};
-}
-
-Matrix product(const Matrix& a, const Matrix& b, unsigned long n)
-{
-    Matrix result(n * n);
-    for (unsigned long i = 0; i < n; ++i) {
-        for (unsigned long j = 0; j < n; ++j) {
-            for (unsigned long k = 0; k < n; ++k) {
-                result[i * n + j] += a[i * n + k] * b[k * n + j];
-            }
-        }
-    }
-    return result;
 }
 
 double distance(const Matrix& a, const Matrix& b)
@@ -103,7 +79,7 @@ protected:
         QV_Bloch::resetShared();
         QV_Bloch::setLevelsNumber(levels);
         mProblem = std::make_unique<COM_Scoped<QV_1DProblem>>(QV_1DProblem::New());
-        Numbers numbers(levels + 10 * components);
+        TestNumbers numbers(levels + 10 * components);
         for (unsigned long p = 0; p < components; ++p) {
             const COM_Scoped P(LA_RealMatrix::New(levels, levels));
             for (unsigned long a = 0; a < levels; ++a) {
@@ -156,7 +132,7 @@ protected:
     /// Random Hermitian densities and fields at all nodes.
     void fill(unsigned long seed)
     {
-        Numbers numbers(seed);
+        TestNumbers numbers(seed);
         const unsigned long n = QV_Bloch::getLevelsNumber();
         for (unsigned long j = 0; j < bloch().getDensities()->size(); ++j) {
             fill(*bloch().getDensity(j), numbers);
@@ -168,7 +144,7 @@ protected:
         }
         ASSERT_EQ(n, QV_Bloch::getLevelsNumber());
     }
-    static void fill(LA_ComplexMatrix& rho, Numbers& numbers)
+    static void fill(LA_ComplexMatrix& rho, TestNumbers& numbers)
     {
         for (unsigned long a = 0; a < rho.getLinesNumber(); ++a) {
             rho[a][a] = numbers.next();
@@ -235,26 +211,25 @@ protected:
                    : 0.0;
     }
     /// The same step on nodes `from` to `to`, by the plain kernel on arrays of its own.
-    State advancedByKernel(Scheme scheme, unsigned long& iterations, unsigned long from = first,
-                           unsigned long to = last, double dt = step) const
+    State advancedByKernel(Scheme scheme, unsigned long& iterations, unsigned long from,
+                           unsigned long to, double dz) const
     {
         State result = state();
         const unsigned long n2 = QV_Bloch::getLevelsNumber() * QV_Bloch::getLevelsNumber();
         const unsigned long count = to - from + 1;
         Matrix rho;
         std::vector<double> aux;
-        const double dz = QV_Milieu::getCellLength();
         for (unsigned long j = from; j <= to; ++j) {
             rho.insert(rho.end(), result.mRho[j].begin(), result.mRho[j].end());
             const auto line = static_cast<long>(j);
             aux.push_back(scheme == Scheme::RELAX_DIAG
                               ? mOld->getValue(j, 0)
-                              : -(dt / dz) * (magnetic(line) - magnetic(line - 1)));
+                              : -(step / dz) * (magnetic(line) - magnetic(line - 1)));
         }
         std::vector<unsigned long> each(count);
         std::vector<double> work;
         iterations =
-            QV_IterationKernel::advance(QV_InstructionSet::PLAIN, scheme, atoms(), dt, dz * dz,
+            QV_IterationKernel::advance(QV_InstructionSet::PLAIN, scheme, atoms(), step, dz * dz,
                                         {count, reinterpret_cast<double*>(rho.data()),
                                          result.mE.data() + from, aux.data(), each.data()},
                                         work);
@@ -274,10 +249,11 @@ protected:
         }
     }
     /// A step of the system does what the kernel does on nodes `from` to `to`, and no more.
-    void expectKernelStep(Scheme scheme, unsigned long from = first, unsigned long to = last) const
+    void expectKernelStep(Scheme scheme, unsigned long from = first, unsigned long to = last,
+                          double dz = QV_Milieu::getCellLength()) const
     {
         unsigned long iterations = 0;
-        const State expected = advancedByKernel(scheme, iterations, from, to);
+        const State expected = advancedByKernel(scheme, iterations, from, to, dz);
         EXPECT_TRUE(advance(scheme));
         EXPECT_EQ(bloch().getIterationsNumber(), iterations);
         expectState(expected);
@@ -378,6 +354,72 @@ TEST_F(QV_BlochStepsTest, TheZoneOfTheFirstStepIsKept)
     }
 }
 
+TEST_F(QV_BlochStepsTest, AZoneOfWhichOneEndIsUnknownIsReadAnewAsAWhole)
+{
+    const std::function<void()> steps[] = {
+        [this] { advance(Scheme::CRANK); },
+        [this] { advance(Scheme::P); },
+        [this] { advance(Scheme::RELAX_DIAG); },
+        [this] { bloch().solveBlochRelaxExtraDiag(time0, step); },
+        [this] {
+            printedBy([this] { bloch().solveBlochSplitInit(0.0, step); });
+            bloch().solveBlochSplit(time0, step);
+        },
+    };
+    for (const auto& [key, place] : {std::pair("mIFirst", 5L), std::pair("mILast", 4L)}) {
+        for (const std::function<void()>& oneStep : steps) {
+            start(2);
+            const COM_Scoped node(MM_Class::New());
+            node->addAttributeToMetaFields(key, place);
+            printedBy([&] { bloch().loadFromMetaClass(*node); });
+            oneStep();
+            EXPECT_EQ(bloch().getFirstNode(), static_cast<long>(first));
+            EXPECT_EQ(bloch().getLastNode(), static_cast<long>(last));
+        }
+    }
+}
+
+TEST_F(QV_BlochStepsTest, TheCellSizeOfTheFirstStepIsKept)
+{
+    for (const Scheme scheme : {Scheme::CRANK, Scheme::P, Scheme::ZIOLKO, Scheme::PRED_CORR}) {
+        start(2);
+        EXPECT_EQ(bloch().getDz(), -1.0);
+        advance(scheme);
+        const double dz = QV_Milieu::getCellLength();
+        EXPECT_EQ(bloch().getDz(), dz);
+        auto& milieu = dynamic_cast<QV_1DMilieu&>(*problem().getMilieu());
+        milieu.setCaracteristicLength(4e-4);
+        milieu.setLength(25e-4);
+        initialize();
+        fill(3);
+        ASSERT_EQ(bloch().getDensities()->size(), nodes);
+        EXPECT_NEAR(QV_Milieu::getCellLength(), 2.0 * dz, 1e-14 * dz);
+        expectKernelStep(scheme, first, last, dz);
+        EXPECT_EQ(bloch().getDz(), dz);
+    }
+}
+
+TEST_F(QV_BlochStepsTest, ACellSizeOfZeroCountsAsKnown)
+{
+    start(2);
+    const COM_Scoped node(MM_Class::New());
+    node->addAttributeToMetaFields("mDz", 0.0);
+    printedBy([&] { bloch().loadFromMetaClass(*node); });
+    advance(Scheme::CRANK);
+    EXPECT_EQ(bloch().getDz(), 0.0);
+    EXPECT_EQ(bloch().getIterationsNumber(), 1UL); // no residual without cell size
+}
+
+TEST_F(QV_BlochStepsTest, RelaxationAndSplittingDoNotLookAtTheCellSize)
+{
+    start(2);
+    bloch().solveBlochRelaxExtraDiag(time0, step);
+    advance(Scheme::RELAX_DIAG);
+    printedBy([&] { bloch().solveBlochSplitInit(0.0, step); });
+    bloch().solveBlochSplit(time0, step);
+    EXPECT_EQ(bloch().getDz(), -1.0);
+}
+
 TEST_F(QV_BlochStepsTest, OfAKeptZoneThePartOnTheMeshIsAdvanced)
 {
     for (const Scheme scheme : schemes) {
@@ -398,6 +440,7 @@ TEST_F(QV_BlochStepsTest, OfAKeptZoneThePartOnTheMeshIsAdvanced)
         const State before = state();
         EXPECT_TRUE(advance(scheme));
         expectState(before);
+        EXPECT_EQ(bloch().getIterationsNumber(), 0UL);
     }
 }
 
@@ -607,9 +650,8 @@ TEST_F(QV_BlochStepsTest, ALimitOfZeroEndsThePredictorCorrectorsProcess)
         testing::ExitedWithCode(0), testing::Eq(report(0)));
 }
 
-TEST_F(QV_BlochStepsTest, AFieldOfTwoComponentsEndsTheProcessWithTheWordsOfTheMethod)
+TEST_F(QV_BlochStepsTest, AFieldOfOtherThanOneComponentEndsTheProcessWithTheWordsOfTheMethod)
 {
-    start(2, 2);
     const std::string end = "not implemented for a field dimension superior to 1 \n";
     const std::pair<std::function<void()>, std::string> methods[] = {
         {[this] { advance(Scheme::ZIOLKO); }, "Bloch Ziolko  method  "},
@@ -619,13 +661,16 @@ TEST_F(QV_BlochStepsTest, AFieldOfTwoComponentsEndsTheProcessWithTheWordsOfTheMe
         {[this] { advance(Scheme::RELAX_DIAG); }, "Bloch Relaxation method  "},
         {[this] { bloch().solveBlochRelaxExtraDiag(time0, step); }, "Bloch Relaxation method  "},
     };
-    for (const auto& [action, words] : methods) {
-        EXPECT_EXIT(
-            {
-                dup2(STDERR_FILENO, STDOUT_FILENO);
-                action();
-            },
-            testing::ExitedWithCode(0), testing::Eq(words + end));
+    for (const unsigned long components : {0UL, 2UL, 3UL}) {
+        start(2, components);
+        for (const auto& [action, words] : methods) {
+            EXPECT_EXIT(
+                {
+                    dup2(STDERR_FILENO, STDOUT_FILENO);
+                    action();
+                },
+                testing::ExitedWithCode(0), testing::Eq(words + end));
+        }
     }
 }
 
@@ -664,7 +709,7 @@ TEST_F(QV_BlochStepsTest, TheFirstNodeIsAdvancedWhateverTheLastOneIs)
 TEST_F(QV_BlochStepsTest, PopulationsTakeTheFieldsBeforeAndAfterTheStep)
 {
     start(2);
-    Numbers numbers(5);
+    TestNumbers numbers(5);
     for (unsigned long j = 0; j < nodes; ++j) {
         mOld->getValues()[j] = numbers.next();
     }
@@ -780,15 +825,25 @@ TEST_F(QV_BlochStepsTest, TablesThatWouldFillTheMemoryAreKeptAtFourFactors)
     EXPECT_EQ(lines, 20UL);
 }
 
+TEST_F(QV_BlochStepsTest, TablesOfUpToAMillionEntriesAreKeptWhole)
+{
+    start(20);
+    printedBy([&] { bloch().solveBlochSplitInit(0.0, step); });
+    EXPECT_EQ(bloch().getPolarizationsPower()->size(), 1UL << 20);
+    EXPECT_EQ(bloch().getTracesPower().size(), 1UL << 20);
+    EXPECT_NE(bloch().getPolarizationsPower()->get((1UL << 20) - 1), nullptr);
+}
+
 TEST_F(QV_BlochStepsTest, AFieldWithoutComponentsIsNoReasonToStop)
 {
     start(2);
     problem().getMaxwellSystem()->setDimension(0);
     initialize();
-    printedBy([&] {
-        EXPECT_TRUE(bloch().solveBlochSplitInit(0.0, step));
-        EXPECT_TRUE(bloch().solveBlochSplit(time0, step));
-    });
+    EXPECT_EQ(printedBy([&] {
+                  EXPECT_TRUE(bloch().solveBlochSplitInit(0.0, step));
+                  EXPECT_TRUE(bloch().solveBlochSplit(time0, step));
+              }),
+              "compute TrPPower \ncomputePolarizationsPower \n");
 }
 
 TEST_F(QV_BlochStepsTest, ThePopulationPropagatorIsARungeKuttaStepOfFourthOrder)
@@ -986,6 +1041,34 @@ TEST_F(QV_BlochStepsTest, SplittingFollowsTheFormulasInEveryOrderAndRelaxation)
                     }
                 }
             }
+        }
+    }
+}
+
+TEST_F(QV_BlochStepsTest, ASecondPreparationForgetsADipoleThatIsGone)
+{
+    for (unsigned long n = 2; n <= 4; ++n) {
+        start(n, 2);
+        printedBy([&] { bloch().solveBlochSplitInit(0.0, step); });
+        bloch().solveBlochSplit(time0, step);
+        QV_Bloch::removeFromPolarizations(1UL);
+        initialize();
+        fill(3);
+        printedBy([&] { bloch().solveBlochSplitInit(0.0, step); });
+        const COM_Array<LA_RealMatrix>& powers = *bloch().getPolarizationsPower();
+        EXPECT_EQ(powers.get(2), nullptr);
+        for (unsigned long index = 0; index < powers.size(); ++index) {
+            EXPECT_TRUE(powers.get(index) != nullptr || bloch().getTracesPower()[index] == 0.0)
+                << index;
+        }
+        const State before = state();
+        bloch().solveBlochSplit(time0, step);
+        const State after = state();
+        const Splitting splitting(bloch(), 2, step);
+        for (unsigned long j = first; j <= last; ++j) {
+            EXPECT_LT(distance(after.mRho[j], splitting.advance(before.mRho[j], &before.mE[2 * j])),
+                      1e-13)
+                << n << " levels, node " << j;
         }
     }
 }
@@ -1326,7 +1409,7 @@ TEST_F(QV_BlochDensities, AStoredDensityIsSeenByTheNextStep)
 {
     expectSeen([this] {
         const COM_Scoped rho(LA_ComplexMatrix::New(2, 2));
-        Numbers numbers(77);
+        TestNumbers numbers(77);
         fill(*rho, numbers);
         bloch().setDensity(*rho, 5);
         bloch().setDensity(*rho, first);
@@ -1336,7 +1419,7 @@ TEST_F(QV_BlochDensities, AStoredDensityIsSeenByTheNextStep)
 TEST_F(QV_BlochDensities, ADensityWrittenByItsHolderIsSeenByTheNextStep)
 {
     expectSeen([this] {
-        Numbers numbers(77);
+        TestNumbers numbers(77);
         fill(*bloch().getDensity(5), numbers);
         fill(*bloch().getDensity(first), numbers);
     });
@@ -1349,7 +1432,7 @@ TEST_F(QV_BlochDensities, ADensityThatItsHolderResizesComesBackAndIsSeen)
             LA_ComplexMatrix& rho = *bloch().getDensity(j);
             rho.setDimensions(3, 3);
             rho.setDimensions(2, 2);
-            Numbers numbers(77);
+            TestNumbers numbers(77);
             fill(rho, numbers);
         }
     });
@@ -1388,7 +1471,7 @@ TEST_F(QV_BlochDensities, ADensityMovedIntoAForeignBlockIsSeenByTheNextStep)
 {
     const COM_Scoped foreign(LA_Block<Complex>::New(8));
     expectSeen([this, &foreign] {
-        Numbers numbers(77);
+        TestNumbers numbers(77);
         bloch().getDensity(5)->moveTo(*foreign, 4);
         fill(*bloch().getDensity(5), numbers);
     });

@@ -8,6 +8,7 @@
 #include "geometry/GEO_Vertex.h"
 #include "geometry/GEO_Volume.h"
 #include "support/Description.h"
+#include "support/MeshNumbers.h"
 #include "support/Printed.h"
 
 #include <gtest/gtest.h>
@@ -19,8 +20,6 @@
 namespace {
 
 using Names = std::vector<std::string>;
-using Numbers = std::vector<long>;
-
 /// A medium without a mesh of its own.
 class TestMilieu : public QV_Milieu
 {
@@ -77,33 +76,9 @@ protected:
         volume->addToShells(*polygon);
         mMilieu->setVolume(name, *volume);
     }
-    Numbers vertices() const
-    {
-        const COM_Scoped array(COM_Array<GEO_Vertex>::New());
-        mMilieu->getVertices(*array);
-        return numbersOf(*array);
-    }
-    Numbers lines() const
-    {
-        const COM_Scoped array(COM_Array<GEO_Line>::New());
-        mMilieu->getLines(*array);
-        return numbersOf(*array);
-    }
-    Numbers savingVertices() const
-    {
-        const COM_Scoped array(COM_Array<GEO_Vertex>::New());
-        mMilieu->getSavingVertices(*array);
-        return numbersOf(*array);
-    }
-    template <typename T>
-    static Numbers numbersOf(const COM_Array<T>& array)
-    {
-        Numbers numbers;
-        for (unsigned long i = 0; i < array.size(); ++i) {
-            numbers.push_back(array[i].getLocationNumber());
-        }
-        return numbers;
-    }
+    Numbers vertices() const { return verticesOf(*mMilieu); }
+    Numbers lines() const { return linesOf(*mMilieu); }
+    Numbers savingVertices() const { return savingVerticesOf(*mMilieu); }
     static long numberOf(const GEO_Vertex* vertex)
     {
         return vertex == nullptr ? -1 : vertex->getLocationNumber();

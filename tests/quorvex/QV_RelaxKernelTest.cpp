@@ -1,5 +1,7 @@
 #include "quorvex/QV_RelaxKernel.h"
 
+#include "support/TestNumbers.h"
+
 #include <gtest/gtest.h>
 
 #include <complex>
@@ -17,31 +19,13 @@ constexpr double step = 0.1;
 constexpr double field = 0.7;
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
-/// Numbers between -1 and 1 that depend on the seed alone.
-class Numbers
-{
-public:
-    explicit Numbers(unsigned long seed)
-        : mEngine(seed)
-    {}
-    double next() { return static_cast<double>(mEngine() >> 11) * 0x1p-52 - 1.0; }
-    Complex nextComplex()
-    {
-        const double re = next();
-        return {re, next()};
-    }
-
-private:
-    std::mt19937_64 mEngine;
-};
-
 /// One class of atoms without any symmetry.
 struct Matter
 {
     explicit Matter(unsigned long levels, unsigned long seed = 1)
         : n(levels)
     {
-        Numbers numbers(seed);
+        TestNumbers numbers(seed);
         for (unsigned long i = 0; i < n * n; ++i) {
             P.push_back(numbers.next());
             Nu.push_back(numbers.nextComplex());
@@ -68,7 +52,7 @@ struct Node
     static Node random(unsigned long levels, unsigned long seed, bool isHermitian)
     {
         Node node;
-        Numbers numbers(seed);
+        TestNumbers numbers(seed);
         for (unsigned long i = 0; i < levels * levels; ++i) {
             node.rho.push_back(numbers.nextComplex());
         }

@@ -1,5 +1,6 @@
 #include "quorvex/QV_SplitKernel.h"
 
+#include "support/PlainMatrix.h"
 #include "support/TestNumbers.h"
 
 #include <gtest/gtest.h>
@@ -15,25 +16,12 @@
 namespace {
 
 using Complex = std::complex<double>;
-using Matrix = std::vector<Complex>; // n by n, row after row
+using Matrix = PlainMatrix; // n by n, row after row
 using Level = QV_InstructionSet::Level;
 
 constexpr Complex I{0.0, 1.0};
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinite = std::numeric_limits<double>::infinity();
-
-Matrix product(const Matrix& a, const Matrix& b, unsigned long n)
-{
-    Matrix result(n * n);
-    for (unsigned long i = 0; i < n; ++i) {
-        for (unsigned long j = 0; j < n; ++j) {
-            for (unsigned long k = 0; k < n; ++k) {
-                result[i * n + j] += a[i * n + k] * b[k * n + j];
-            }
-        }
-    }
-    return result;
-}
 
 Matrix adjoint(const Matrix& a, unsigned long n)
 {
