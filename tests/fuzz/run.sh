@@ -14,7 +14,7 @@ build=$(cd "$1" && pwd)
 seconds=$2
 shift 2
 if [ $# -eq 0 ]; then
-    set -- numberText metaModelFile matrixFile resultFiles keywordFile problemFile
+    set -- numberText metaModelFile dictionaryFile matrixFile resultFiles keywordFile problemFile
 fi
 
 export ASAN_OPTIONS=handle_sigfpe=0 UBSAN_OPTIONS=print_stacktrace=1
@@ -29,6 +29,7 @@ limits() {
     case $1 in
     numberText) echo 256 numbers ;;
     metaModelFile) echo 8192 metaModel ;;
+    dictionaryFile) echo 4096 words ;;
     matrixFile) echo 4096 numbers ;;
     resultFiles) echo 8192 results ;;
     keywordFile) echo 4096 keywords ;;

@@ -1,0 +1,117 @@
+// The shipped words against the sources: whatever goes through translate has to be there.
+#include "SourceTexts.h"
+
+#include "common/COM_Scoped.h"
+#include "dictionary/DICO_Dictionary.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::string bytesOf(const std::filesystem::path& path)
+{
+    std::ifstream stream(path, std::ios::binary);
+    EXPECT_TRUE(stream.is_open()) << path;
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+/// Every source of the program.
+std::vector<std::filesystem::path> sources()
+{
+    std::vector<std::filesystem::path> paths;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(QUORVEX_SOURCES)) {
+        const std::string extension = entry.path().extension();
+        if (extension == ".cpp" || extension == ".h" || extension == ".hpp") {
+            paths.push_back(entry.path());
+        }
+    }
+    std::sort(paths.begin(), paths.end());
+    return paths;
+}
+
+/// The texts of a source that are given to `translate` as they stand.
+std::vector<std::string> translatedTexts(const std::string& source)
+{
+    std::vector<std::string> result;
+    if (source.find("translate") == std::string::npos) {
+        return result; // no need to read it closely
+    }
+    for (const SourceText& text : sourceTexts(source)) {
+        if (text.follows("translate(")) {
+            result.push_back(text.mText);
+        }
+    }
+    return result;
+}
+
+bool isGraded(const SourceText& text)
+{
+    return text.follows("STOPS,") || text.follows("HARMS,") || text.follows("NOTE,");
+}
+
+bool isSentence(const std::string& text)
+{
+    return text.ends_with('.') && text.find(' ') != std::string::npos;
+}
+
+class SourceTextsTest : public testing::Test
+{
+protected:
+    bool isKey(const std::string& text) const { return mWords->getWords().get(text) != nullptr; }
+
+private:
+    const COM_Scoped<DICO_Dictionary> mWords{
+        DICO_Dictionary::New(std::string(QUORVEX_SOURCES "/data/linguist/dictionary.xml"))};
+};
+
+} // namespace
+
+TEST_F(SourceTextsTest, LiteralsAreReadAsTheCompilerDoes)
+{
+    const std::string source =
+        "// \"comment\"\n/* translate(\"no\") */\n"
+        "a(translate( \"one\"\n  \"two\" // note\n \"three\"), '\"', \"\\\"q\\n\");\n"
+        "const int n = 1'000; b('\\\"', \"last\");";
+    std::vector<std::string> texts;
+    for (const SourceText& text : sourceTexts(source)) {
+        texts.push_back(text.mText);
+    }
+    EXPECT_EQ(texts, (std::vector<std::string>{"onetwothree", "\"q\n", "last"}));
+    EXPECT_EQ(translatedTexts(source), std::vector<std::string>{"onetwothree"});
+}
+
+TEST_F(SourceTextsTest, WhatIsTranslatedIsAKey)
+{
+    const std::vector<std::filesystem::path> paths = sources();
+    ASSERT_GE(paths.size(), 100UL);
+    for (const std::filesystem::path& path : paths) {
+        for (const std::string& text : translatedTexts(bytesOf(path))) {
+            EXPECT_TRUE(isKey(text)) << path << ": " << text;
+        }
+    }
+}
+
+TEST_F(SourceTextsTest, FindingsOfTheCheckAreKeys)
+{
+    unsigned long labels = 0;
+    unsigned long sentences = 0;
+    for (const SourceText& text :
+         sourceTexts(bytesOf(QUORVEX_SOURCES "/quorvex/QV_ProblemCheck.cpp"))) {
+        if (isGraded(text)) {
+            ++labels;
+            EXPECT_TRUE(isKey(text.mText)) << text.mText;
+        } else if (isSentence(text.mText)) {
+            ++sentences;
+            EXPECT_TRUE(isKey(text.mText)) << text.mText;
+        }
+    }
+    EXPECT_GE(labels, 40UL);
+    EXPECT_GE(sentences, 40UL);
+}
