@@ -45,9 +45,7 @@ GEO_Vertex* appendNodes(GEO_Polygon& polygon, long first, long last, double cell
 QV_1DMilieu::QV_1DMilieu()
 {
     COM_TYPE(QV_1DMilieu);
-    const COM_Scoped captors(LA_RealVector::New(0));
-    captors->setValues(30.0, 50.0, 70.0);
-    setCaptors(*captors);
+    initCaptors();
 }
 
 QV_1DMilieu::~QV_1DMilieu()
@@ -146,6 +144,13 @@ void QV_1DMilieu::create()
 void QV_1DMilieu::setCaptors(LA_RealVector* captors)
 {
     associate(mCaptors, captors);
+}
+
+void QV_1DMilieu::initCaptors()
+{
+    const COM_Scoped captors(LA_RealVector::New(0));
+    captors->setValues(30.0, 50.0, 70.0);
+    setCaptors(*captors);
 }
 
 void QV_1DMilieu::addToCaptors(int index, double position)

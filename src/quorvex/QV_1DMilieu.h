@@ -35,6 +35,9 @@ public:
     void create() override;
     /// Requires: the data are those of the next `create`.
     Mesh computeMesh() const;
+    /// Time in s that light takes for the whole length. It moves at C times the index: docs/physics.md,
+    /// "Units".
+    double computeTransitTime() const { return mLength / (C * getIndice()); }
 
     void setLength(double length) { mLength = length; }
     double getLength() const { return mLength; }
@@ -51,6 +54,8 @@ public:
     void setCaptors(LA_RealVector* captors);
     void resetCaptors() { setCaptors(nullptr); }
     LA_RealVector* getCaptors() const { return mCaptors; }
+    /// The default: captors at 30, 50 and 70 percent.
+    void initCaptors();
     /// Stores a captor's position, in percent; the vector grows as needed.
     void addToCaptors(int index, double position);
 

@@ -24,12 +24,30 @@ void QV_1DProblem::initComponents()
     addToBlochEquations(*bloch);
 }
 
+void QV_1DProblem::setWaveLength(double waveLength)
+{
+    QV_Maxwell* const maxwell = getMaxwellSystem();
+    if (maxwell != nullptr && maxwell->getIncidentFields() != nullptr) {
+        maxwell->getIncidentFields()->setWaveLength(waveLength);
+    }
+    if (auto* const milieu = dynamic_cast<QV_1DMilieu*>(getMilieu())) {
+        milieu->setCaracteristicLength(waveLength);
+    }
+}
+
+void QV_1DProblem::setDimension(unsigned long dimension)
+{
+    if (getMaxwellSystem() != nullptr) {
+        getMaxwellSystem()->setDimension(dimension);
+    }
+    QV_Bloch::setPolarizationsSize(dimension);
+}
+
 int QV_1DProblem::initialize()
 {
     const QV_IncidentFields& fields = *getMaxwellSystem()->getIncidentFields();
     if (const auto* const milieu = dynamic_cast<QV_1DMilieu*>(getMilieu())) {
-        setTimeStep(fields.getWaveLength() * fields.getCFL()
-                    / (static_cast<double>(milieu->getDiscretizationNumber()) * C));
+        setTimeStep(fields.computeTimeStep(milieu->getDiscretizationNumber()));
     }
     return QV_Problem::initialize();
 }

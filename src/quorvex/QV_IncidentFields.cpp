@@ -7,6 +7,8 @@
 #include <cmath>
 #include <cstdlib>
 #include <iostream>
+#include <limits>
+#include <numbers>
 
 namespace {
 
@@ -60,6 +62,30 @@ void QV_IncidentFields::setIncidentFieldsType(const std::string& name)
         std::cout << "\t" << known << "\n";
     }
     std::exit(0);
+}
+
+double QV_IncidentFields::computeTimeStep(unsigned long cells) const
+{
+    return mWaveLength * mCFL / (static_cast<double>(cells) * C);
+}
+
+double QV_IncidentFields::computeArea(double rabiFrequency) const
+{
+    const double A = rabiFrequency * mWavePackageDuration;
+    const double sech = A / (2.0 * sharpness);
+    switch (mType) {
+    case SIT_TYPE:
+        return sech;
+    case PACKAGE_TYPE:
+        return 128.0 * A / (315.0 * std::numbers::pi);
+    case POMPE_SIT_TYPE:
+        return sech + sech / secondPulseDivisor;
+    case SINUS_TYPE:
+    case MARCHE_TYPE:
+        return std::numeric_limits<double>::infinity();
+    default: // there and back again in a single cycle; no light at all with an unknown shape
+        return 0.0;
+    }
 }
 
 void QV_IncidentFields::adimensionize(double rabiFrequency)

@@ -47,6 +47,14 @@ public:
     /// The scaled duration, in 1 / Rabi frequency: times pi / 20 the area of a pulse of type SIT.
     double getWavePackageDurationAdim() const { return mWavePackageDurationAdim; }
     double getFrequencyAdim() const { return mOmega0Adim; }
+    /// Time step in s, with `cells` cells in a wavelength.
+    double computeTimeStep(unsigned long cells) const;
+    /// Rabi frequency in rad/s of the peak field at a dipole in C m.
+    double computeRabiFrequency(double dipole) const { return mFieldMaxValue * dipole / HBAR; }
+    /// Area of the light that enters, in units of pi: the integral of `rabiFrequency`, in rad/s, times
+    /// the envelope. Shapes that last for ever have an infinite one, single cycles none, several pulses
+    /// their sum. docs/physics.md, "Pulses".
+    double computeArea(double rabiFrequency) const;
     /// Scales frequency and duration by the Rabi frequency.
     void adimensionize(double rabiFrequency);
 

@@ -252,7 +252,7 @@ int QV_Problem::initialize()
 {
     const double muc = QV_Bloch::getMaxPolarizationValue();
     const double Emax = mMaxwell->getIncidentFields()->getFieldMaxValue();
-    mRabiFrequency = Emax * muc / HBAR;
+    mRabiFrequency = mMaxwell->getIncidentFields()->computeRabiFrequency(muc);
     if (muc == 0.0) {
         std::cout << "muc:" << muc << "\n"
                   << "Emax:" << Emax << "\n"

@@ -165,8 +165,7 @@ double QV_ProblemCheck::memory(const QV_Problem& problem)
 
 double QV_ProblemCheck::timeStep() const
 {
-    return mFields.getWaveLength() * mFields.getCFL()
-           / (static_cast<double>(mMilieu.getDiscretizationNumber()) * QV_Object::C);
+    return mFields.computeTimeStep(mMilieu.getDiscretizationNumber());
 }
 
 /// Cells that light in the medium crosses in a step.
@@ -601,8 +600,7 @@ void QV_ProblemCheck::noteReach()
 void QV_ProblemCheck::noteKept()
 {
     const QV_1DMilieu::Mesh mesh = mMilieu.computeMesh();
-    const double rabi =
-        mFields.getFieldMaxValue() * QV_Bloch::getMaxPolarizationValue() / QV_Object::HBAR;
+    const double rabi = mFields.computeRabiFrequency(QV_Bloch::getMaxPolarizationValue());
     const double cell = mesh.mCell * rabi / (QV_Object::C * mMilieu.getIndice());
     if (mMaxwell.getDz() > 0.0 && differ(mMaxwell.getDz(), cell)) {
         add(NOTE, "Number of Points by Wave Length", text(mMilieu.getDiscretizationNumber()),

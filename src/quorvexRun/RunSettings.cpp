@@ -231,10 +231,7 @@ constexpr Setting settings[] = {
      [](const Target& t) { t.mMaxwell.setLaserReflectorFactor(t.real()); }},
     {"QV_1DMaxwell", "mDimension",
      "components of the field, also sets the number of dipole matrices",
-     [](const Target& t) {
-         t.mMaxwell.setDimension(t.count(mostComponents));
-         QV_Bloch::setPolarizationsSize(t.mMaxwell.getDimension());
-     }},
+     [](const Target& t) { t.mProblem.setDimension(t.count(mostComponents)); }},
     {"QV_1DMaxwell", "mFactors", "weights of the systems",
      [](const Target& t) {
          const COM_Scoped vector(t.newVector(0));
@@ -244,10 +241,7 @@ constexpr Setting settings[] = {
      [](const Target& t) { t.mFields.setFieldMaxValue(t.real()); }},
     {"QV_IncidentFields", "mWaveLength",
      "wavelength, m; also sets carrier and characteristic length",
-     [](const Target& t) {
-         t.mFields.setWaveLength(t.real());
-         t.mMilieu.setCaracteristicLength(t.real());
-     }},
+     [](const Target& t) { t.mProblem.setWaveLength(t.real()); }},
     {"QV_IncidentFields", "mWavePackageDuration", "duration of the pulse, s",
      [](const Target& t) { t.mFields.setWavePackageDuration(t.real()); }},
     {"QV_IncidentFields", "mCFL", "Courant number",
