@@ -5,13 +5,24 @@ install(DIRECTORY docs examples DESTINATION ${QUORVEX_DOC_DIR})
 
 # Manual pages are installed compressed, as Debian keeps them. -n leaves out the date: the same bytes each time.
 find_program(QUORVEX_GZIP gzip REQUIRED)
-set(manual "${PROJECT_BINARY_DIR}/quorvex-run.1.gz")
-add_custom_command(OUTPUT "${manual}"
-  COMMAND ${QUORVEX_GZIP} -9nc "${PROJECT_SOURCE_DIR}/packaging/quorvex-run.1" > "${manual}"
-  DEPENDS packaging/quorvex-run.1
-  VERBATIM)
-add_custom_target(quorvex_manual ALL DEPENDS "${manual}")
-install(FILES "${manual}" DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+set(programs quorvex-run)
+if(QUORVEX_BUILD_GUI)
+  list(APPEND programs quorvex)
+endif()
+foreach(program IN LISTS programs)
+  set(page "${PROJECT_BINARY_DIR}/${program}.1.gz")
+  add_custom_command(OUTPUT "${page}"
+    COMMAND ${QUORVEX_GZIP} -9nc "${PROJECT_SOURCE_DIR}/packaging/${program}.1" > "${page}"
+    DEPENDS packaging/${program}.1
+    VERBATIM)
+  list(APPEND pages "${page}")
+endforeach()
+add_custom_target(quorvex_manual ALL DEPENDS ${pages})
+install(FILES ${pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+
+if(QUORVEX_BUILD_GUI)
+  include(Desktop)
+endif()
 
 set(CPACK_PACKAGE_NAME quorvex)
 set(CPACK_PACKAGE_VENDOR "Quorvex")

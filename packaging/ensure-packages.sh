@@ -27,6 +27,7 @@ ensure_packages() {
 }
 
 BUILD_PACKAGES="g++ cmake ninja-build ccache"
+GUI_PACKAGES="qt6-base-dev qt6-translations-l10n fonts-dejavu-core"
 TEST_PACKAGES="libgtest-dev"
 CLANG_PACKAGES="clang libclang-rt-14-dev"
 TOOL_PACKAGES="clang-format clang-tidy"

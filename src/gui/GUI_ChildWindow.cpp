@@ -1,0 +1,85 @@
+#include "gui/GUI_ChildWindow.h"
+
+#include "common/COM_Guard.h"
+#include "gui/GUI_Grave.h"
+#include "gui/GUI_Workspace.h"
+
+#include <QMdiSubWindow>
+
+GUI_ChildWindow::GUI_ChildWindow(GUI_ParentWindow& parent, bool isContainer)
+    : GUI_ParentWindow(parent, isContainer)
+{
+    COM_TYPE(GUI_ChildWindow);
+    setParent(parent);
+}
+
+GUI_ChildWindow::GUI_ChildWindow(GUI_ParentWindow* parent, bool isContainer)
+    : GUI_ChildWindow(*parent, isContainer)
+{}
+
+bool GUI_ChildWindow::close(bool flag)
+{
+    if (isClosed()) {
+        return true;
+    }
+    const COM_Guard guard(*this);
+    const Closing closing(*this);
+    if (!closing.isFirst()) {
+        return false;
+    }
+    commitEdits();
+    const bool result = GUI_ParentWindow::close(flag);
+    resetParent();
+    return result;
+}
+
+GUI_RootWindow* GUI_ChildWindow::getRoot()
+{
+    return mParent == nullptr ? nullptr : mParent->getRoot();
+}
+
+GUI_Workspace* GUI_ChildWindow::getWorkspace()
+{
+    if (isContainer()) {
+        return GUI_ParentWindow::getWorkspace();
+    }
+    return mParent == nullptr ? nullptr : mParent->getWorkspace();
+}
+
+void GUI_ChildWindow::resetParent()
+{
+    if (mParent == nullptr) {
+        return;
+    }
+    const COM_Guard guard(*this);
+    GUI_ParentWindow* const parent = mParent;
+    const COM_Guard parentGuard(*parent);
+    dissociate(mParent);
+    parent->removeFromChildren(*this);
+    if (qobject_cast<QMdiSubWindow*>(parentWidget()) != nullptr) {
+        GUI_Grave::detach(*this);
+    }
+}
+
+void GUI_ChildWindow::setParent(GUI_ParentWindow& parent)
+{
+    if (mParent == &parent) {
+        return;
+    }
+    const COM_Guard guard(*this);
+    resetParent();
+    associate(mParent, &parent);
+    parent.addToChildren(*this);
+    if (GUI_Workspace* const workspace = parent.getWorkspace()) {
+        workspace->addSubWindow(this);
+    }
+}
+
+void GUI_ChildWindow::setParent(GUI_ParentWindow* parent)
+{
+    if (parent == nullptr) {
+        resetParent();
+    } else {
+        setParent(*parent);
+    }
+}

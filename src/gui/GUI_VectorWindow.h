@@ -1,0 +1,38 @@
+#pragma once
+#include "gui/GUI_ChildWindow.h"
+#include "gui/GUI_VectorPanel.h"
+
+#include <complex>
+#include <string>
+
+/// A window with a form for a vector. It opens with up to ten values in full view. The setters are those of
+/// the form.
+template <typename T>
+class GUI_VectorWindow : public GUI_ChildWindow
+{
+    COM_CLASS(GUI_VectorWindow)
+public:
+    /// Null once the window is closed.
+    GUI_VectorPanel<T>* getVectorPanel() const;
+
+    void setVector(LA_Vector<T>& vector) { setVector(&vector); }
+    void setVector(LA_Vector<T>* vector);
+    void resetVector();
+    void setDimensionLabel(const std::string& label);
+    void setValuesLabel(const std::string& label);
+    void setColumnsResizabled(bool flag);
+
+protected:
+    GUI_VectorWindow(GUI_ParentWindow& parent, bool isContainer, LA_Vector<T>& vector,
+                     bool showDim);
+    /// A null vector leaves the form empty. Requires: `parent` is not null.
+    GUI_VectorWindow(GUI_ParentWindow* parent, bool isContainer, LA_Vector<T>* vector,
+                     bool showDim);
+    ~GUI_VectorWindow() override = default;
+
+private:
+    void initComponents(LA_Vector<T>* vector, bool showDim);
+};
+
+extern template class GUI_VectorWindow<double>;
+extern template class GUI_VectorWindow<std::complex<double>>;

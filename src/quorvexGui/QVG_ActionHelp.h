@@ -1,0 +1,21 @@
+#pragma once
+#include "gui/GUI_RootAction.h"
+
+/// Shows the manual, or what the program is.
+class QVG_ActionHelp : public GUI_RootAction
+{
+    COM_CLASS(QVG_ActionHelp)
+public:
+    static constexpr unsigned char ABOUT_TYPE = 0;
+    static constexpr unsigned char MANUAL_TYPE = 1;
+
+public:
+    void toDo() override;
+
+protected:
+    explicit QVG_ActionHelp(unsigned char type);
+    ~QVG_ActionHelp() override = default;
+
+private:
+    unsigned char mType; ///< `ABOUT_TYPE` or `MANUAL_TYPE`.
+};

@@ -1,0 +1,49 @@
+#include "quorvexGui/QVG_CheckWindow.h"
+
+#include "common/COM_Scoped.h"
+#include "gui/GUI_EventScope.h"
+#include "quorvexGui/QVG_CheckView.h"
+
+#include <QShortcut>
+
+namespace {
+
+constexpr int startWidth = 620;
+constexpr int startHeight = 240;
+constexpr int progressHeight = 100; ///< Left free below the parent for the bar of the run.
+
+} // namespace
+
+QVG_CheckWindow::QVG_CheckWindow(GUI_ParentWindow& parent,
+                                 const std::vector<QV_ProblemCheck::Finding>& findings)
+    : GUI_ChildWindow(parent)
+{
+    COM_TYPE(QVG_CheckWindow);
+    setName(translate("Check of the Problem"));
+    auto* const view = new QVG_CheckView(findings, this);
+    applyFont(*view);
+    setCentralWidget(view);
+    auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    connect(escape, &QShortcut::activated, this, [this] {
+        const GUI_EventScope scope;
+        close(false);
+    });
+    setSize(startWidth, startHeight);
+    move(parent.frameGeometry().bottomLeft() + QPoint(0, progressHeight));
+}
+
+void QVG_CheckWindow::tell(GUI_ParentWindow& parent,
+                           const std::vector<QV_ProblemCheck::Finding>& findings)
+{
+    const COM_Scoped children(COM_Array<GUI_ChildWindow>::New());
+    parent.getChildren(*children);
+    for (unsigned long i = 0; i < children->size(); ++i) {
+        if (children->get(i)->instanceOf("QVG_CheckWindow")) {
+            children->get(i)->close(false);
+        }
+    }
+    if (!findings.empty()) {
+        const COM_Scoped window(QVG_CheckWindow::New(parent, findings));
+        window->show();
+    }
+}

@@ -1,0 +1,130 @@
+#include "gui/GUI_ColorButton.h"
+
+#include "support/Dialogs.h"
+#include "support/TestPanel.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QPointer>
+
+namespace {
+
+QColorDialog& colorDialog(QWidget& dialog)
+{
+    return dynamic_cast<QColorDialog&>(dialog);
+}
+
+} // namespace
+
+TEST(GUI_ColorButton, TakesTheColorThatTheUserChooses)
+{
+    const TestForm form;
+    auto& button = form.add<GUI_ColorButton>(3);
+    button.setValue("#102030");
+    form.show();
+    std::string offered;
+    const auto seen = onNextDialog([&](QWidget& dialog) {
+        offered = colorDialog(dialog).currentColor().name().toStdString();
+        colorDialog(dialog).setCurrentColor(QColor(1, 2, 255));
+        colorDialog(dialog).accept();
+    });
+
+    QTest::mouseClick(&button, Qt::LeftButton);
+
+    EXPECT_TRUE(*seen);
+    EXPECT_EQ(offered, "#102030");
+    EXPECT_EQ(button.getValue(), "#0102ff");
+    EXPECT_EQ(form->mFlags, std::vector<int>{3});
+    EXPECT_EQ(form->mValues, std::vector<std::string>{"#0102ff"});
+}
+
+TEST(GUI_ColorButton, ReportsAlsoWhenTheUserCancels)
+{
+    const TestForm form;
+    auto& button = form.add<GUI_ColorButton>(3);
+    button.setValue("#102030");
+    form.show();
+    const auto seen = onNextDialog([&](QWidget& dialog) {
+        colorDialog(dialog).setCurrentColor(Qt::white);
+        colorDialog(dialog).reject();
+    });
+
+    QTest::mouseClick(&button, Qt::LeftButton);
+
+    EXPECT_TRUE(*seen);
+    EXPECT_EQ(form->mFlags, std::vector<int>{3});
+    EXPECT_EQ(button.getValue(), "#102030");
+}
+
+TEST(GUI_ColorButton, ShowsItsColorAsBackground)
+{
+    const TestForm form;
+    auto& button = form.add<GUI_ColorButton>();
+    form.show();
+    const auto shown = [&] {
+        return button.grab().toImage().pixelColor(button.width() / 2, button.height() / 2);
+    };
+
+    // The style shades the color, but keeps its hue.
+    button.setValue("#ff0000");
+    EXPECT_EQ(shown().hue(), QColor(Qt::red).hue());
+    EXPECT_GT(shown().saturation(), 100);
+    button.setValue("#0000ff");
+    EXPECT_EQ(shown().hue(), QColor(Qt::blue).hue());
+}
+
+TEST(GUI_ColorButton, PassesOverATextThatIsNoColor)
+{
+    const COM_Scoped panel(TestPanel::New());
+    const COM_Scoped button(GUI_ColorButton::New(*panel));
+    button->setValue("red");
+    EXPECT_EQ(button->getValue(), "#ff0000");
+    button->setValue("no color");
+    button->setValue("");
+    EXPECT_EQ(button->getValue(), "#ff0000");
+}
+
+TEST(GUI_ColorButton, HasTheLabelThatItIsGiven)
+{
+    const COM_Scoped panel(TestPanel::New());
+    const COM_Scoped plain(GUI_ColorButton::New(*panel, static_cast<unsigned char>(2)));
+    const COM_Scoped labelled(
+        GUI_ColorButton::New(panel.get(), std::string("Axes"), static_cast<unsigned char>(4)));
+    const COM_Scoped other(GUI_ColorButton::New(*panel, "Grid"));
+
+    EXPECT_EQ(plain->text().toStdString(), "");
+    EXPECT_EQ(plain->getFlagId(), 2);
+    EXPECT_EQ(labelled->text().toStdString(), "Axes");
+    EXPECT_EQ(labelled->getFlagId(), 4);
+    EXPECT_EQ(other->text().toStdString(), "Grid");
+    EXPECT_TRUE(plain->instanceOf("GUI_ColorButton"));
+    EXPECT_TRUE(plain->instanceOf("GUI_Button"));
+}
+
+TEST(GUI_ColorButton, HasTheStylesColorAtFirst)
+{
+    const COM_Scoped panel(TestPanel::New());
+    const COM_Scoped button(GUI_ColorButton::New(*panel));
+    EXPECT_EQ(button->getValue(), button->palette().color(QPalette::Button).name().toStdString());
+}
+
+TEST(GUI_ColorButton, OutlivesADialogDuringWhichItIsReleased)
+{
+    const TestForm form;
+    auto& button = form.add<GUI_ColorButton>();
+    const QPointer<QWidget> alive(&button);
+    form.show();
+    const auto seen = onNextDialog([&](QWidget& dialog) {
+        form.layout().removeFromComponents(button);
+        EXPECT_FALSE(alive.isNull());
+        colorDialog(dialog).setCurrentColor(Qt::white);
+        colorDialog(dialog).accept();
+    });
+
+    button.click();
+    QApplication::processEvents();
+
+    EXPECT_TRUE(*seen);
+    EXPECT_TRUE(alive.isNull());
+    EXPECT_TRUE(form->mFlags.empty());
+}
