@@ -85,8 +85,13 @@ void setFilter(QFileDialog& dialog, const std::string& filter)
 
 std::string answer(QFileDialog& dialog)
 {
-    const bool isAccepted = GUI_Dialog::run(dialog) == QDialog::Accepted;
-    return isAccepted ? toTString(dialog.selectedFiles().value(0)) : std::string();
+    // Taken when it is accepted: afterwards the field, no longer the one with the focus, may follow a late
+    // selection in the list.
+    QString chosen;
+    const QObject watch;
+    QObject::connect(&dialog, &QFileDialog::fileSelected, &watch,
+                     [&chosen](const QString& name) { chosen = name; });
+    return GUI_Dialog::run(dialog) == QDialog::Accepted ? toTString(chosen) : std::string();
 }
 
 bool isReplacementAllowed(GUI_ParentWindow* parent)

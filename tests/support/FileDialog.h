@@ -13,6 +13,9 @@ inline void typeName(QFileDialog& dialog, const std::string& name)
 {
     auto* const field = dialog.findChild<QLineEdit*>("fileNameEdit");
     ASSERT_NE(field, nullptr) << "not the dialog of Qt itself";
+    // Without the focus the field would follow what gets selected in the list.
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    field->setFocus();
     field->setText(QString::fromStdString(name));
     QTest::keyClick(field, Qt::Key_Return);
 }
