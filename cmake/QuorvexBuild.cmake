@@ -8,7 +8,9 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 find_program(QUORVEX_CCACHE ccache)
 if(QUORVEX_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${QUORVEX_CCACHE}")
+  # What a precompiled header defines is known to be the same for all its users.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    "${CMAKE_COMMAND};-E;env;CCACHE_SLOPPINESS=pch_defines,time_macros;${QUORVEX_CCACHE}")
 endif()
 
 add_library(quorvex_build INTERFACE)
@@ -20,6 +22,8 @@ target_compile_options(quorvex_build INTERFACE
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict;-Wno-array-bounds;-Wno-stringop-overflow>
   -Wno-overloaded-virtual  # bases and their heirs share names such as New and setLocation on purpose
   -ffp-contract=off        # a run gives the same files to the byte in every vector variant
+  # The compiler cache asks for these where headers are precompiled.
+  $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess> $<$<CXX_COMPILER_ID:Clang>:SHELL:-Xclang -fno-pch-timestamp>
   $<$<BOOL:${QUORVEX_WERROR}>:-Werror>)
 
 if(QUORVEX_SANITIZE)

@@ -20,5 +20,7 @@ function(quorvex_library name)
   set_target_properties(${target} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
   if(arg_QT)
     set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    # Half of the time of a source with widgets goes into Qt's headers.
+    target_precompile_headers(${target} PRIVATE <QtWidgets>)
   endif()
 endfunction()

@@ -116,7 +116,7 @@ int QVG_DerivedDataBar::wholeWidth() const
     for (const QString& text : mTexts) {
         width = std::max(width, fontMetrics().horizontalAdvance(text));
     }
-    return width + 2 * MARGIN;
+    return width + 1 + 2 * MARGIN; // the advance is rounded, the cut is not
 }
 
 void QVG_DerivedDataBar::resizeEvent(QResizeEvent* event)

@@ -42,18 +42,18 @@ protected:
 TEST_F(QVG_DerivedDataBarTest, HasTwoLinesOfQuantitiesWithUnits)
 {
     show(0);
-    EXPECT_EQ(line(0), "Rabi frequency = 8.09e+14 1/s   Pulse area = 0.1619 \xcf\x80   "
+    EXPECT_EQ(line(0), "Rabi frequency = 8.1e+14 1/s   Pulse area = 0.1619 \xcf\x80   "
                        "Time step = 2e-16 s (0.04 carrier periods)");
     EXPECT_EQ(line(1), "Nodes = 20 (17 active)   Run = 4e-15 s   Transit = 5.13e-15 s   "
-                       "Memory = 29.4 kB   Estimated time = 0.00044 s");
+                       "Memory = 29.5 kB   Estimated time = 0.00044 s");
 }
 
 TEST_F(QVG_DerivedDataBarTest, TheToolTipHasAQuantityALine)
 {
     show(0);
-    EXPECT_EQ(all(), "Rabi frequency = 8.09e+14 1/s\nPulse area = 0.1619 \xcf\x80\n"
+    EXPECT_EQ(all(), "Rabi frequency = 8.1e+14 1/s\nPulse area = 0.1619 \xcf\x80\n"
                      "Time step = 2e-16 s (0.04 carrier periods)\nNodes = 20 (17 active)\n"
-                     "Run = 4e-15 s\nTransit = 5.13e-15 s\nMemory = 29.4 kB\n"
+                     "Run = 4e-15 s\nTransit = 5.13e-15 s\nMemory = 29.5 kB\n"
                      "Estimated time = 0.00044 s");
 }
 
@@ -63,7 +63,7 @@ TEST_F(QVG_DerivedDataBarTest, QuantitiesWithoutAFiniteValueAreCalledSo)
     mProblem->setWaveLength(0.0);
     mProblem.milieu().setIndice(0.0);
     show(0);
-    EXPECT_EQ(all(), "Rabi frequency = 8.09e+14 1/s\nPulse area = not finite\nTime step = 0 s\n"
+    EXPECT_EQ(all(), "Rabi frequency = 8.1e+14 1/s\nPulse area = not finite\nTime step = 0 s\n"
                      "Nodes = not finite\nRun = 0 s\nTransit = not finite\nMemory = not finite\n"
                      "Estimated time = not finite");
 }

@@ -9,6 +9,7 @@
 #include "linearAlgebra/LA_RealVector.h"
 #include "quorvexGui/QVG_NumericalDataBlochPanel.h"
 #include "support/Dialogs.h"
+#include "support/TestWindows.h"
 
 #include <QMessageBox>
 #include <QSpinBox>
@@ -64,7 +65,7 @@ void typeRate(const TestForms& forms, int row, int column, const char* text)
     editor->selectAll();
     QTest::keyClicks(editor, text);
     QTest::keyClick(editor, Qt::Key_Return);
-    QCoreApplication::processEvents();
+    settle(); // the editor goes
 }
 
 } // namespace

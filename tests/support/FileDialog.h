@@ -14,6 +14,7 @@ inline void typeName(QFileDialog& dialog, const std::string& name)
     auto* const field = dialog.findChild<QLineEdit*>("fileNameEdit");
     ASSERT_NE(field, nullptr) << "not the dialog of Qt itself";
     // Without the focus the field would follow what gets selected in the list.
+    dialog.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
     field->setFocus();
     field->setText(QString::fromStdString(name));
