@@ -20,7 +20,8 @@ void QVG_FormPage::arrange(GUI_ParentPanel& page, const std::array<QVG_FormPanel
     for (QVG_FormPanel* const form : forms) {
         form->setLabelsWidth(width);
         layout->addPanel(*form, row++, 0);
+        layout->setAlignment(form, Qt::AlignTop);
     }
     // Space that is left over goes below the last form.
-    layout->setRowStretch(rows, 1);
+    layout->setRowStretch(rows - 1, 1);
 }

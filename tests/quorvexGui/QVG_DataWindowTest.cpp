@@ -14,6 +14,8 @@
 #include "quorvexGui/QVG_RootDataPanel.h"
 #include "TestForms.h"
 
+#include <QGridLayout>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -52,6 +54,12 @@ void expectPage(const TestForms& forms, int number)
         last = form.y() + form.height();
     }
     EXPECT_LE(last, page.height());
+    const auto* const grid = dynamic_cast<QGridLayout*>(static_cast<QWidget&>(page).layout());
+    ASSERT_NE(grid, nullptr);
+    EXPECT_EQ(grid->rowCount(), 3);
+    EXPECT_EQ(grid->columnCount(), 1);
+    EXPECT_EQ(grid->contentsMargins(), QMargins(11, 11, 11, 11));
+    EXPECT_EQ(grid->spacing(), 6);
 }
 
 } // namespace
@@ -90,7 +98,13 @@ TEST(QVG_DataWindow, TypesAreThoseOfItsClasses)
     EXPECT_TRUE(forms.form<QVG_PhysicalDataPanel>().instanceOf("QVG_PhysicalDataPanel"));
     EXPECT_TRUE(forms.form<QVG_NumericalDataPanel>().instanceOf("QVG_NumericalDataPanel"));
     EXPECT_TRUE(forms.form<Domain>().instanceOf("QVG_PhysicalDataMilieuPanel"));
+    EXPECT_TRUE(forms.form<QVG_PhysicalDataBlochPanel>().instanceOf("QVG_PhysicalDataBlochPanel"));
     EXPECT_TRUE(forms.form<Light>().instanceOf("QVG_PhysicalDataMaxwellPanel"));
+    EXPECT_TRUE(
+        forms.form<QVG_NumericalDataMilieuPanel>().instanceOf("QVG_NumericalDataMilieuPanel"));
+    EXPECT_TRUE(
+        forms.form<QVG_NumericalDataBlochPanel>().instanceOf("QVG_NumericalDataBlochPanel"));
+    EXPECT_TRUE(forms.form<Steps>().instanceOf("QVG_NumericalDataMaxwellPanel"));
 }
 
 TEST(QVG_DataWindow, SpeaksTheLanguageOfTheDictionary)
