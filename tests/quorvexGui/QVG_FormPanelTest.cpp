@@ -20,6 +20,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <utility>
 
 namespace {
 
@@ -89,12 +90,75 @@ std::vector<double> numbers(const TestForms& forms)
             forms.wave().getCFL()};
 }
 
+std::vector<int> flagsOf(const QWidget& form)
+{
+    std::vector<int> flags;
+    for (const GUI_ActionComponent* const field : fieldsOf(form)) {
+        flags.push_back(field->getFlagId());
+    }
+    return flags;
+}
+
+/// The labels of a form's rows, from top to bottom, each with the flag of the field beside it.
+std::vector<std::pair<std::string, int>> rowsOf(const QWidget& form)
+{
+    std::vector<std::pair<std::string, int>> rows;
+    for (const QLabel* const label : form.findChildren<QLabel*>()) {
+        if (auto* const field = dynamic_cast<GUI_ActionComponent*>(label->buddy())) {
+            const QWidget& widget = *field->qtWidget();
+            EXPECT_EQ(label->geometry().center().y(), widget.geometry().center().y());
+            EXPECT_LT(label->geometry().right(), widget.geometry().left());
+            rows.emplace_back(label->text().toStdString(), field->getFlagId());
+        }
+    }
+    return rows;
+}
+
 bool isFieldOf(const QWidget& form, const QWidget* widget)
 {
     return widget != nullptr && form.isAncestorOf(widget);
 }
 
 } // namespace
+
+TEST(QVG_FormPanel, EachLabelStandsBesideItsField)
+{
+    using Rows = std::vector<std::pair<std::string, int>>;
+    const TestForms forms;
+    EXPECT_EQ(rowsOf(forms.form<QVG_PhysicalDataMilieuPanel>()),
+              (Rows{{"Domain Length", 0},
+                    {"Milieu Index Property", 3},
+                    {"Milieu Begining Position (%)", 1},
+                    {"Milieu Ending Position (%)", 2},
+                    {"Captors", 4}}));
+    EXPECT_EQ(rowsOf(forms.form<QVG_PhysicalDataBlochPanel>()),
+              (Rows{{"Atoms Number", 0},
+                    {"Temperature", 1},
+                    {"Energy Levels Frequencies", 2},
+                    {"Density Matrix", 3},
+                    {"Polarization Matrix", 4},
+                    {"Relaxation Type", 5},
+                    {"Transversal Relaxation", 6},
+                    {"Longitudinal Relaxation Matrix", 8},
+                    {"Equilibrium Density", 9}}));
+    EXPECT_EQ(rowsOf(forms.form<QVG_PhysicalDataMaxwellPanel>()),
+              (Rows{{"Dimension", 5},
+                    {"Incident Electromagnetic Field", 1},
+                    {"\tMax. Intensity", 2},
+                    {"\tWave Length", 3},
+                    {"\tWave Package Duration", 4}}));
+    // The row above them is for the ends: two boxes and the reflection factor.
+    EXPECT_EQ(flagsOf(forms.form<QVG_PhysicalDataMaxwellPanel>()),
+              (std::vector<int>{6, 7, 8, 5, 1, 2, 3, 4}));
+    forms.showPage(1);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(rowsOf(forms.form<QVG_NumericalDataMilieuPanel>()),
+              (Rows{{"Number of Points by Wave Length", 0}}));
+    EXPECT_EQ(rowsOf(forms.form<QVG_NumericalDataBlochPanel>()),
+              (Rows{{"Convergence Criterium", 1}, {"Numerical Method", 3}, {"Splitting Type", 4}}));
+    EXPECT_EQ(rowsOf(forms.form<QVG_NumericalDataMaxwellPanel>()),
+              (Rows{{"Time Steps Number", 0}, {"C.F.L.", 1}}));
+}
 
 TEST(QVG_FormPanel, TabbingThroughTheFormsChangesNoDigit)
 {
