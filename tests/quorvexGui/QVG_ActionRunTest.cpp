@@ -104,6 +104,16 @@ TEST(QVG_ActionRun, WithoutAProblemNothingHappens)
     EXPECT_TRUE(window.action(QVG_MainMenu::VISUALIZE, 0).isEnabled()) << "menus are up to date";
 }
 
+TEST(QVG_ActionRun, OutsideAMenuItDoesNothing)
+{
+    const TestMainWindow window;
+    window.createSmallProject();
+    const COM_Scoped action(QVG_ActionRun::New());
+    EXPECT_EQ(action->getLabel(), "&Run");
+    EXPECT_EQ(printedBy([&action] { action->toDo(); }), "");
+    EXPECT_FALSE(window.exists("parameters.xml~"));
+}
+
 TEST(QVG_ActionRun, ARunLeavesResultsAndItsParametersInTheProject)
 {
     const TestMainWindow window;

@@ -6,12 +6,17 @@
 #include "quorvexGui/TestMainWindow.h"
 #include "support/Dialogs.h"
 
+#include <QColor>
+#include <QIcon>
+#include <QImage>
 #include <QMenuBar>
+#include <QPixmap>
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <set>
+#include <utility>
 
 namespace {
 
@@ -99,6 +104,30 @@ TEST(QVG_MainMenu, TheToolBarHoldsFiveActions)
                                                &window.action(QVG_MainMenu::PROJECT, 2),
                                                &window.action(QVG_MainMenu::RUN, 0),
                                                &window.action(QVG_MainMenu::VISUALIZE, 0)}));
+}
+
+TEST(QVG_MainMenu, RunAndVisualizeHaveTheirIcons)
+{
+    const TestMainWindow english;
+    const std::string former = GUI_Action::ICONS_PATH;
+    GUI_Action::ICONS_PATH = english.directory().slashed();
+    for (const auto& [name, color] :
+         {std::pair("cheval.png", Qt::red), std::pair("visu.png", Qt::blue)}) {
+        QImage image(4, 4, QImage::Format_RGB32);
+        image.fill(color);
+        ASSERT_TRUE(image.save(QString::fromStdString(english.directory().file(name))));
+    }
+    const COM_Scoped window(QVG_MainWindow::New("another", false));
+    GUI_Action::ICONS_PATH = former;
+    const QVG_MainMenu& menu = dynamic_cast<QVG_MainMenu&>(*window->getMenu());
+    const auto colorOf = [&menu](QVG_MainMenu::Menu place) {
+        const QIcon icon = menu.getMenu(place)->getAction(0)->icon();
+        return icon.isNull() ? QColor() : icon.pixmap(4, 4).toImage().pixelColor(1, 1);
+    };
+    EXPECT_EQ(colorOf(QVG_MainMenu::RUN), QColor(Qt::red));
+    EXPECT_EQ(colorOf(QVG_MainMenu::VISUALIZE), QColor(Qt::blue));
+    EXPECT_EQ(colorOf(QVG_MainMenu::EDIT), QColor());
+    EXPECT_EQ(colorOf(QVG_MainMenu::HELP), QColor());
 }
 
 TEST(QVG_MainMenu, NoTwoAcceleratorsAreEqualInAnyLanguage)

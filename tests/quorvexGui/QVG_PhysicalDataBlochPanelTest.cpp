@@ -274,3 +274,15 @@ TEST(QVG_PhysicalDataBlochPanel, FrequenciesAndPolarizationsAreNotInThisBuild)
     }
     EXPECT_EQ(forms.details().size(), 0UL);
 }
+
+TEST(QVG_PhysicalDataBlochPanel, DensitiesAreEditedCellByCell)
+{
+    const TestForms forms;
+    forms.click<Form>(Form::COMPO_PB_DENSITY);
+    auto& window = dynamic_cast<GUI_MatrixWindow<std::complex<double>>&>(forms.detail());
+    const LA_ComplexMatrix& density = *QV_Bloch::getInitialDensity();
+    ASSERT_EQ(density.getValue(1, 0), 0.0);
+    window.getMatrixPanel()->getTable()->item(0, 1)->setText("(0.25,0.5)");
+    EXPECT_EQ(density.getValue(0, 1), std::complex<double>(0.25, 0.5));
+    EXPECT_EQ(density.getValue(1, 0), 0.0);
+}

@@ -26,6 +26,7 @@ TEST(QVG_RunProgress, TheBarIsNamedForTheSolverAndCountsTheSteps)
     window->show();
     {
         const COM_Scoped progress(QVG_RunProgress::New(*window, 50));
+        EXPECT_EQ(progress->getTypes().back(), "QVG_RunProgress");
         QProgressBar* const bar = shownBar();
         ASSERT_NE(bar, nullptr);
         EXPECT_TRUE(bar->window()->isVisible());
