@@ -135,6 +135,12 @@ void RandomUser::act()
                 windows.append(window);
             }
         }
+        // Between the visits to the main window most of the time goes to the others.
+        if (windows.size() > 1 && !once(3)) {
+            windows.removeIf([](const QWidget* window) {
+                return dynamic_cast<const GUI_RootWindow*>(window) != nullptr;
+            });
+        }
         if (!windows.empty()) {
             actIn(*one(windows));
         }
