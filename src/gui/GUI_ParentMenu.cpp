@@ -145,11 +145,13 @@ void GUI_ParentMenu::addToActions(GUI_Action& action, const std::string& toolBar
     if (panel == nullptr) {
         return;
     }
-    if (panel->getToolBar(toolBarName) == nullptr) {
-        const COM_Scoped bar(GUI_ToolBar::New(panel->getWindow(), toolBarName));
+    GUI_ToolBar* bar = panel->getToolBar(toolBarName);
+    if (bar == nullptr) {
+        const COM_Scoped newBar(GUI_ToolBar::New(panel->getWindow(), toolBarName));
+        bar = newBar.get();
         panel->addToToolBars(*bar);
     }
-    panel->getToolBar(toolBarName)->addTool(action);
+    bar->addTool(action);
 }
 
 void GUI_ParentMenu::removeFromActions(GUI_Action& action)

@@ -278,3 +278,17 @@ TEST(GUI_ParentMenu, WithoutMenuPanelAboveItAToolBarNameAddsNoTool)
     EXPECT_EQ(child->getAction(0), other.get());
     EXPECT_EQ(action->associatedObjects().size(), 1);
 }
+
+TEST(GUI_ParentMenu, AToolBarNameThatIsNoTextMakesABarUnderTheLabelThatIsShown)
+{
+    const TestFamily family;
+    const COM_Scoped first(TestAction::New("First"));
+    const COM_Scoped second(TestAction::New("Second"));
+    const std::string shown = "\xef\xbf\xbd"; // in place of a byte that is no UTF-8
+    family.mMenu->addToActions(*first, "\xe9");
+    ASSERT_NE(family.mPanel->getToolBar(shown), nullptr);
+    EXPECT_EQ(family.mPanel->getToolBar(shown)->actions(), QList<QAction*>{first.get()});
+    // Not found by the name that was given, so there is a new one.
+    family.mMenu->addToActions(*second, "\xe9");
+    EXPECT_EQ(family.mPanel->getToolBar(shown)->actions(), QList<QAction*>{second.get()});
+}
