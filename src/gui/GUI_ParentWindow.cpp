@@ -277,11 +277,13 @@ void GUI_ParentWindow::closeChildrenWindow()
 
 void GUI_ParentWindow::updateValues()
 {
+    const COM_Guard guard(*this);
     if (mPanel != nullptr) {
-        const COM_Guard guard(*mPanel);
+        const COM_Guard panelGuard(*mPanel);
         mPanel->updateValues();
     }
-    // An update may close windows: the copy keeps them, and those that have left are passed over.
+    // An update may close windows, this one among them. The copy keeps the children, and those that have left
+    // are passed over.
     const COM_Scoped children(COM_Array<GUI_ChildWindow>::New());
     getChildren(*children);
     for (unsigned long i = 0; i < children->size(); ++i) {

@@ -433,6 +433,20 @@ TEST(GUI_ParentWindow, AnUpdateMayCloseTheWindowOfItsOwnPanel)
     EXPECT_EQ(child->getParent(), nullptr);
 }
 
+TEST(GUI_ParentWindow, AnUpdateMayEndTheWindowThatIsUpdated)
+{
+    const TestFamily family;
+    GUI_ChildWindow& child = family.addChild();
+    const COM_Scoped panel(UpdatePanel::New(child));
+    const COM_Scoped deep(UpdateWindow::New(static_cast<GUI_ParentWindow&>(child)));
+    const QPointer<QWidget> life = &child;
+    panel->mWork = [&child] { child.close(false); };
+    child.updateValues();
+    EXPECT_TRUE(life.isNull());
+    EXPECT_EQ(panel->mUpdates, 1);
+    EXPECT_EQ(deep->mUpdates, 0);
+}
+
 TEST_P(GUI_ParentWindowFileTest, ANameIsCutAfterItsLastSlash)
 {
     mWindow->load(GetParam().mName);
