@@ -8,6 +8,7 @@
 #include "gui/GUI_MenuPanel.h"
 #include "gui/GUI_ParentWindow.h"
 
+#include <QAction>
 #include <QHBoxLayout>
 
 GUI_ToolBar::GUI_ToolBar(GUI_ParentWindow* window, const std::string& name)
@@ -15,6 +16,8 @@ GUI_ToolBar::GUI_ToolBar(GUI_ParentWindow* window, const std::string& name)
     , mComponents(COM_Map<unsigned char, GUI_Component>::New())
 {
     COM_TYPE(GUI_ToolBar);
+    // The label is a name and no text for the user: Qt's menu of tool bars would show it.
+    toggleViewAction()->setVisible(false);
     if (window != nullptr) {
         window->addToolBar(Qt::TopToolBarArea, this);
     }

@@ -5,11 +5,13 @@
 #include "gui/GUI_RootVBoxLayout.h"
 #include "support/TestWindows.h"
 
+#include <QMenu>
 #include <QPointer>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -47,6 +49,13 @@ TEST_F(GUI_ToolBarTest, ABarIsDockedAtTheTopOfItsWindow)
     EXPECT_EQ(bar->getMenu(), nullptr);
     EXPECT_EQ(bar->getReferenceCount(), 1);
     EXPECT_EQ(window->getReferenceCount(), 1);
+}
+
+TEST_F(GUI_ToolBarTest, ItsLabelIsNoTextForTheUser)
+{
+    const std::unique_ptr<QMenu> popup(mFamily.mRoot->createPopupMenu());
+    EXPECT_TRUE(popup == nullptr || popup->isEmpty());
+    EXPECT_TRUE(mBar->isVisible());
 }
 
 TEST_F(GUI_ToolBarTest, ABarWithoutWindowWaitsForOne)
