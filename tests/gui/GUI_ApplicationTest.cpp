@@ -451,3 +451,15 @@ TEST_F(GUI_ApplicationTest, TheTextAboutTheProgramIsReadFromItsFile)
     mDirectory.write("about.txt", "\xe9t\xe9"); // Latin-1
     EXPECT_EQ(textShown(), "\xc3\xa9t\xc3\xa9");
 }
+
+TEST_F(GUI_ApplicationTest, TheBoxAboutTheProgramIsTitledInTheLanguageOfTheWords)
+{
+    GUI_Object::setLang(1);
+    GUI_Application::DOC_PATH = mDirectory.slashed();
+    const auto isSeen = onNextDialog([](QWidget& dialog) {
+        EXPECT_EQ(dialog.windowTitle().toStdString(), GUI_Object::translate("About"));
+        EXPECT_NE(dialog.windowTitle(), "About");
+    });
+    application().about();
+    EXPECT_TRUE(*isSeen);
+}

@@ -129,6 +129,35 @@ TEST_F(PreferencesRootPanel, HasTheStatedTexts)
     EXPECT_EQ(languages.itemText(1), "French");
 }
 
+TEST_F(PreferencesRootPanel, ItsTextsAreTheDictionarys)
+{
+    GUI_Object::setLang(1);
+    const COM_Scoped window(GUI_PreferencesWindow::New(*mRoot, false));
+    std::vector<std::string> expected;
+    for (const char* const key : {"Dictionary Path", "Document Path", "Icons Path", "Working Path",
+                                  "Font Style", "Language"}) {
+        expected.push_back(GUI_Object::translate(key));
+        EXPECT_NE(expected.back(), key);
+    }
+    std::vector<std::string> labels;
+    for (const QLabel* const label : window->findChildren<GUI_Label*>()) {
+        labels.push_back(label->text().toStdString());
+    }
+    EXPECT_EQ(labels, expected);
+    const auto valueOf = [&window](unsigned char flag) {
+        return dynamic_cast<GUI_ActionComponent&>(*window->getPanel()->getComponent(flag))
+            .getValue();
+    };
+    EXPECT_EQ(valueOf(Panel::COMPO_FONT_LE), GUI_Object::translate("default font"));
+    EXPECT_NE(valueOf(Panel::COMPO_FONT_LE), "default font");
+    const auto& languages =
+        dynamic_cast<GUI_ComboBox&>(*window->getPanel()->getComponent(Panel::COMPO_LANG_BUT));
+    EXPECT_EQ(languages.itemText(0).toStdString(), GUI_Object::translate("English"));
+    EXPECT_EQ(languages.itemText(1).toStdString(), GUI_Object::translate("French"));
+    EXPECT_NE(languages.itemText(1), "French");
+    window->close(false);
+}
+
 TEST_F(PreferencesRootPanel, NumbersItsComponents)
 {
     const int numbers[] = {Panel::COMPO_DICO_PATH_BUT,

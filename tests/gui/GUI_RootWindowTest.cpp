@@ -1,6 +1,8 @@
 #include "gui/GUI_RootWindow.h"
 
 #include "gui/GUI_EventScope.h"
+#include "gui/GUI_LineEdit.h"
+#include "gui/GUI_RootVBoxLayout.h"
 #include "support/Dialogs.h"
 #include "support/Printed.h"
 #include "support/TestWindows.h"
@@ -17,9 +19,39 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
+
+/// A panel with one field, which keeps what the field delivers.
+class FieldPanel : public GUI_RootPanel
+{
+    COM_CLASS(FieldPanel)
+public:
+    void componentClicked(GUI_ActionComponent& component) override
+    {
+        // Through the window a form finds what it edits.
+        if (getWindow() != nullptr) {
+            mDelivered = component.getValue();
+        }
+    }
+
+    GUI_LineEdit* mEdit = nullptr; ///< Held by the layout.
+    std::string mDelivered;
+
+protected:
+    explicit FieldPanel(GUI_ParentWindow& window)
+        : GUI_RootPanel(window)
+    {
+        COM_TYPE(FieldPanel);
+        const COM_Scoped layout(GUI_RootVBoxLayout::New(*this));
+        const COM_Scoped edit(GUI_LineEdit::New(*this));
+        layout->addToComponents(*edit);
+        mEdit = edit.get();
+    }
+    ~FieldPanel() override = default;
+};
 
 /// A root window with a file, which counts how often it is saved. The words are English.
 class GUI_RootWindowQuestionTest : public testing::Test
@@ -110,6 +142,41 @@ TEST_F(GUI_RootWindowQuestionTest, TheQuestionIsAskedWithThreeButtons)
     });
     mWindow->close(false);
     EXPECT_TRUE(*isSeen);
+}
+
+TEST_F(GUI_RootWindowQuestionTest, TheQuestionIsInTheLanguageOfTheWords)
+{
+    GUI_Object::setLang(1);
+    const auto isSeen = onNextDialog([](QWidget& dialog) {
+        auto& box = dynamic_cast<QMessageBox&>(dialog);
+        const std::pair<QString, const char*> texts[] = {
+            {box.windowTitle(), "Quit"},
+            {box.text(), "Do you want to save before exiting ?"},
+            {box.button(QMessageBox::Yes)->text(), "Yes"},
+            {box.button(QMessageBox::No)->text(), "No"},
+            {box.button(QMessageBox::Cancel)->text(), "Cancel"}};
+        for (const auto& [text, key] : texts) {
+            EXPECT_EQ(text.toStdString(), GUI_Object::translate(key));
+            EXPECT_NE(text.toStdString(), key);
+        }
+    });
+    mWindow->close(false);
+    EXPECT_TRUE(*isSeen);
+}
+
+TEST_F(GUI_RootWindowQuestionTest, AFieldThatIsBeingTypedInDeliversItsTextFirst)
+{
+    mWindow->setSavingFile("");
+    const COM_Scoped panel(FieldPanel::New(*mWindow));
+    QApplication::setActiveWindow(mWindow.get());
+    settle();
+    panel->mEdit->setFocus();
+    settle();
+    panel->mEdit->selectAll();
+    QTest::keyClicks(panel->mEdit, "42");
+    EXPECT_EQ(panel->mDelivered, "");
+    EXPECT_TRUE(mWindow->close(false));
+    EXPECT_EQ(panel->mDelivered, "42");
 }
 
 TEST_F(GUI_RootWindowQuestionTest, CancelLeavesEverythingUntouched)
