@@ -36,7 +36,16 @@ std::vector<std::filesystem::path> sources()
     return paths;
 }
 
-/// The texts of a source that are given to `translate` as they stand.
+/// True for a text that is given to `translate` as it stands, and for one that a function or the table of a form
+/// hands on to it.
+bool isTranslated(const SourceText& text)
+{
+    static const char* const roads[] = {"translate(", "textOf(", "word(", "entry(", ".mLabel="};
+    return std::any_of(std::begin(roads), std::end(roads),
+                       [&text](const char* road) { return text.follows(road); });
+}
+
+/// The texts of a source that are looked up.
 std::vector<std::string> translatedTexts(const std::string& source)
 {
     std::vector<std::string> result;
@@ -44,7 +53,7 @@ std::vector<std::string> translatedTexts(const std::string& source)
         return result; // no need to read it closely
     }
     for (const SourceText& text : sourceTexts(source)) {
-        if (text.follows("translate(")) {
+        if (isTranslated(text)) {
             result.push_back(text.mText);
         }
     }
@@ -85,17 +94,23 @@ TEST_F(SourceTextsTest, LiteralsAreReadAsTheCompilerDoes)
     }
     EXPECT_EQ(texts, (std::vector<std::string>{"onetwothree", "\"q\n", "last"}));
     EXPECT_EQ(translatedTexts(source), std::vector<std::string>{"onetwothree"});
+    EXPECT_EQ(translatedTexts("Row row = {.mFlag = 1, .mLabel = \"one\", .mUnit = \"K\"};\n"
+                              "show(word(\"two\"), translate(key), \"three\");"),
+              (std::vector<std::string>{"one", "two"}));
 }
 
 TEST_F(SourceTextsTest, WhatIsTranslatedIsAKey)
 {
     const std::vector<std::filesystem::path> paths = sources();
     ASSERT_GE(paths.size(), 100UL);
+    unsigned long texts = 0;
     for (const std::filesystem::path& path : paths) {
         for (const std::string& text : translatedTexts(bytesOf(path))) {
+            ++texts;
             EXPECT_TRUE(isKey(text)) << path << ": " << text;
         }
     }
+    EXPECT_GE(texts, 100UL);
 }
 
 TEST_F(SourceTextsTest, FindingsOfTheCheckAreKeys)
