@@ -1,7 +1,10 @@
 #include "gui/GUI_Mnemonic.h"
 
+#include "support/CaseName.h"
+
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 
 struct MarkedLabel
@@ -11,6 +14,11 @@ struct MarkedLabel
     const char* mLetter;
     const char* mShortcut;
 };
+
+void PrintTo(const MarkedLabel& row, std::ostream* out)
+{
+    *out << caseName(row.mLabel);
+}
 
 class GUI_MnemonicOfLabel : public testing::TestWithParam<MarkedLabel>
 {};
