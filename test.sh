@@ -5,7 +5,7 @@ set -eu
 cd "$(dirname "$0")"
 . packaging/ensure-packages.sh
 # shellcheck disable=SC2086
-ensure_packages $BUILD_PACKAGES $GUI_PACKAGES $TEST_PACKAGES
+ensure_packages $BUILD_PACKAGES $GUI_PACKAGES $TEST_PACKAGES $GUI_TEST_PACKAGES
 
 cmake --preset debug
 cmake --build --preset debug

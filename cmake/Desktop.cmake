@@ -1,7 +1,8 @@
 # What the desktop program needs beside its executable: its base directory and the entries of the desktop.
 set(QUORVEX_DATA_DIR "${CMAKE_INSTALL_DATADIR}/quorvex")
 install(DIRECTORY src/data/icons DESTINATION ${QUORVEX_DATA_DIR}
-  FILES_MATCHING PATTERN "*.png" PATTERN "*.gif" PATTERN "*.xpm" PATTERN svg EXCLUDE PATTERN "quorvex-*" EXCLUDE)
+  FILES_MATCHING PATTERN "*.png" PATTERN "*.gif" PATTERN "*.xpm" PATTERN svg EXCLUDE)
+install(DIRECTORY src/data/doc DESTINATION ${QUORVEX_DATA_DIR})
 install(FILES src/data/linguist/dictionary.xml DESTINATION ${QUORVEX_DATA_DIR}/linguist)
 
 # The dialogs of the toolkit speak French too. Its own qt_fr.qm only lists other files.

@@ -32,4 +32,8 @@ set(CPACK_GENERATOR TGZ DEB)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+if(QUORVEX_BUILD_GUI)
+  # The libraries only recommend the plugin without which no window opens.
+  set(CPACK_DEBIAN_PACKAGE_DEPENDS qt6-qpa-plugins)
+endif()
 include(CPack)

@@ -14,14 +14,24 @@ mkdir "$scratch/tree" "$scratch/deb"
 tar -xzf "$build"/quorvex*.tar.gz -C "$scratch/tree" --strip-components=1
 dpkg-deb -x "$build"/quorvex_*.deb "$scratch/deb"
 
-for file in bin/quorvex-run share/man/man1/quorvex-run.1.gz share/doc/quorvex/README.md \
-    share/doc/quorvex/docs/physics.md share/doc/quorvex/docs/file-formats.md \
+for file in bin/quorvex bin/quorvex-run share/man/man1/quorvex.1.gz share/man/man1/quorvex-run.1.gz \
+    share/applications/quorvex.desktop share/mime/packages/quorvex.xml \
+    share/icons/hicolor/48x48/apps/quorvex.png share/icons/hicolor/scalable/apps/quorvex.svg \
+    share/icons/hicolor/scalable/mimetypes/application-x-quorvex-project.svg \
+    share/quorvex/linguist/dictionary.xml share/quorvex/linguist/qt_fr.qm share/quorvex/icons/cheval.png \
+    share/quorvex/icons/home.xpm share/quorvex/icons/axes.gif share/quorvex/icons/quorvex-48.png \
+    share/quorvex/doc/quorvexGui/html/about.txt \
+    share/doc/quorvex/README.md share/doc/quorvex/docs/physics.md share/doc/quorvex/docs/file-formats.md \
     share/doc/quorvex/examples/self-induced-transparency/2pi.xml; do
     [ -f "$scratch/tree/$file" ] || fail "the archive lacks $file"
     [ -f "$scratch/deb/usr/$file" ] || fail "the .deb lacks usr/$file"
 done
-file "$scratch/deb/usr/bin/quorvex-run" | grep -q ELF || fail "quorvex-run is no program"
-dpkg-deb -f "$build"/quorvex_*.deb Depends | grep -q libc6 || fail "the .deb names no libraries"
+for program in quorvex quorvex-run; do
+    file "$scratch/deb/usr/bin/$program" | grep -q ELF || fail "$program is no program"
+done
+for library in libc6 libqt6widgets6 qt6-qpa-plugins; do
+    dpkg-deb -f "$build"/quorvex_*.deb Depends | grep -q "$library" || fail "the .deb does not name $library"
+done
 gzip -dc "$scratch/tree/share/man/man1/quorvex-run.1.gz" | grep -q '^\.TH QUORVEX-RUN' ||
     fail "the manual page is empty"
 
@@ -30,4 +40,10 @@ cd "$scratch"
 "$scratch/tree/bin/quorvex-run" "$scratch/tree/share/doc/quorvex/examples/self-induced-transparency/2pi.xml" \
     -n 300 -q -o results >log
 [ "$(wc -l <results/tps.res)" -eq 300 ] || fail "the unpacked program did not run"
+
+# The desktop program waits for its user. It finds its data beside itself: what it lacks it would name.
+status=0
+QT_QPA_PLATFORM=offscreen timeout 5 "$scratch/deb/usr/bin/quorvex" >desktop.log 2>&1 || status=$?
+[ "$status" -eq 124 ] || fail "quorvex ended by itself with status $status"
+! grep ERROR desktop.log || fail "quorvex complained"
 echo "check-package: the packages are sound"

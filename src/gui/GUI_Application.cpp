@@ -46,8 +46,8 @@ QString decoded(const QByteArray& bytes)
     return text.toUtf8() == bytes ? text : QString::fromLatin1(bytes);
 }
 
-/// True for a file that can be read and whose root object is not of that class.
-bool isOfOtherClass(const std::string& file, const std::string& className)
+/// True for a file that can be read, holds something, and has no root object of that class.
+bool isForeign(const std::string& file, const std::string& className)
 {
     std::error_code error;
     if (!std::filesystem::is_regular_file(file, error) || !std::ifstream(file).is_open()) {
@@ -56,7 +56,8 @@ bool isOfOtherClass(const std::string& file, const std::string& className)
     const COM_Scoped package(GUI_ClassFactory::New());
     MM_Parser::parseXMLMetaModelFile(file, *package);
     const MM_Class* const root = package->getRootMetaClass();
-    return root != nullptr && root->getName() != className;
+    return root != nullptr ? root->getName() != className
+                           : std::filesystem::file_size(file, error) > 0;
 }
 
 } // namespace
@@ -141,7 +142,7 @@ void GUI_Application::loadPreferences(const std::string& file)
 
 void GUI_Application::savePreferences(const std::string& file) const
 {
-    if (isOfOtherClass(file, getClassName())) {
+    if (isForeign(file, getClassName())) {
         std::cout << "ERROR:" << file << " can not be created !! \n";
         return;
     }

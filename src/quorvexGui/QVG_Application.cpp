@@ -1,7 +1,10 @@
 #include "quorvexGui/QVG_Application.h"
 
 #include "common/COM_Scoped.h"
+#include "gui/GUI_Action.h"
 #include "quorvexGui/QVG_MainWindow.h"
+
+#include <QIcon>
 
 QVG_Application::QVG_Application(int argc, char** argv)
     : GUI_Application(argc, argv)
@@ -16,6 +19,12 @@ QVG_Application::QVG_Application(int argc, char** argv)
 
 void QVG_Application::initComponents()
 {
+    QIcon icon;
+    for (const char* const file : {"quorvex-48.png", "quorvex-256.png"}) {
+        icon.addFile(GUI_Object::toQString(GUI_Action::ICONS_PATH + file));
+    }
+    setWindowIcon(icon);
+    setDesktopFileName("quorvex");
     const COM_Scoped window(QVG_MainWindow::New(translate("Quorvex Simulation"), false));
     setMainWindow(window.get());
     window->setSavingPath(WORKING_PATH);

@@ -363,6 +363,22 @@ TEST_F(GUI_ApplicationTest, AForeignFileIsIgnoredAndNeverWrittenOver)
     EXPECT_EQ(mDirectory.read("words.xml"), before);
 }
 
+TEST_F(GUI_ApplicationTest, ATextIsNeverWrittenOver)
+{
+    const std::string file = mDirectory.write("notes.txt", "not to be lost\n");
+    application().loadPreferences(file);
+    const std::string printed = printedBy([] { application().savePreferences(); });
+    EXPECT_TRUE(printed.ends_with("ERROR:" + file + " can not be created !! \n")) << printed;
+    EXPECT_EQ(mDirectory.read("notes.txt"), "not to be lost\n");
+}
+
+TEST_F(GUI_ApplicationTest, AnEmptyFileTakesThePreferences)
+{
+    const std::string file = mDirectory.write("empty.xml", "");
+    EXPECT_EQ(printedBy([&file] { application().savePreferences(file); }), "");
+    EXPECT_NE(mDirectory.read("empty.xml").find("WORKING_PATH"), std::string::npos);
+}
+
 TEST_F(GUI_ApplicationTest, WithoutAFileThePreferencesCannotBeSaved)
 {
     EXPECT_EQ(printedBy([] { application().savePreferences(""); }),

@@ -8,6 +8,7 @@
 #include "support/Printed.h"
 #include "support/TestObject.h"
 
+#include <QIcon>
 #include <QPointer>
 #include <QWidget>
 
@@ -41,6 +42,16 @@ TEST_F(QVG_ApplicationTest, WithoutArgumentThereAreNoPreferences)
     EXPECT_EQ(application->getMainWindow()->getApplication(), application.get());
     EXPECT_EQ(application->getModel(), nullptr);
     EXPECT_EQ(application->getMainWindow()->getReferenceCount(), 2) << "application and menu";
+}
+
+TEST_F(QVG_ApplicationTest, WindowsHaveTheIconOfTheProgram)
+{
+    const COM_Scoped application(start({}));
+    const QList<QSize> sizes = application->getMainWindow()->windowIcon().availableSizes();
+    ASSERT_EQ(sizes.size(), 2);
+    EXPECT_EQ(sizes[0], QSize(48, 48));
+    EXPECT_EQ(sizes[1], QSize(256, 256));
+    EXPECT_EQ(QGuiApplication::desktopFileName(), "quorvex");
 }
 
 TEST_F(QVG_ApplicationTest, PreferencesAreThereBeforeTheMainWindow)
