@@ -93,11 +93,8 @@ void GUI_NewProjectPanel::updateValues()
     const GUI_Display display(*this);
     GUI_NewProjectWindow* const window = form();
     GUI_ParentWindow* const parent = window == nullptr ? nullptr : window->getParent();
-    if (parent != nullptr && mDirectory != nullptr
-        && (!mIsShown || parent->getSavingPath() != mShownDirectory)) {
-        mIsShown = true;
-        mShownDirectory = parent->getSavingPath();
-        mDirectory->setValue(mShownDirectory);
+    if (parent != nullptr && mDirectory != nullptr) {
+        mDirectory->setValue(parent->getSavingPath());
     }
     GUI_RootPanel::updateValues();
 }

@@ -3,8 +3,6 @@
 
 #include <QPointer>
 
-#include <string>
-
 class GUI_LineEdit;
 class GUI_NewProjectWindow;
 
@@ -20,8 +18,7 @@ public:
     static constexpr unsigned char COMPO_OK = 3;
     static constexpr unsigned char COMPO_CANCEL = 4;
 
-    /// Shows the directory of the parent's file. What the user has put in its place stays until the parent
-    /// has another one.
+    /// Shows the directory of the parent's file, in place of what the user may have put there.
     void updateValues() override;
     void componentClicked(GUI_ActionComponent& component) override;
 
@@ -40,6 +37,4 @@ private:
 
     QPointer<GUI_LineEdit> mName;      ///< Borrowed from the layout. Null when it has gone.
     QPointer<GUI_LineEdit> mDirectory; ///< The same.
-    std::string mShownDirectory;       ///< The parent's directory that was shown last.
-    bool mIsShown = false;             ///< A directory was shown.
 };

@@ -95,12 +95,12 @@ TEST_F(NewProjectPanel, BeginsWithTheDirectoryOfTheParent)
     EXPECT_EQ(directory().getValue(), mDirectory.slashed());
 }
 
-TEST_F(NewProjectPanel, UpdateKeepsWhatTheUserTypedUntilTheParentMoves)
+TEST_F(NewProjectPanel, UpdateShowsTheDirectoryOfTheParentAgain)
 {
     open();
     directory().setValue("/elsewhere/");
     mRoot->updateValues();
-    EXPECT_EQ(directory().getValue(), "/elsewhere/");
+    EXPECT_EQ(directory().getValue(), mDirectory.slashed());
     mRoot->setSavingPath("/new/place/");
     mRoot->updateValues();
     EXPECT_EQ(directory().getValue(), "/new/place/");
