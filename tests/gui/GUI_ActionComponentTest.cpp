@@ -2,9 +2,16 @@
 
 #include "gui/GUI_Button.h"
 #include "gui/GUI_CheckBox.h"
+#include "gui/GUI_ColorButton.h"
+#include "gui/GUI_ComboBox.h"
 #include "gui/GUI_HBoxLayout.h"
+#include "gui/GUI_LineEdit.h"
+#include "gui/GUI_ListBox.h"
 #include "gui/GUI_MenuPanel.h"
+#include "gui/GUI_RadioButton.h"
 #include "gui/GUI_RootWindow.h"
+#include "gui/GUI_SpinBox.h"
+#include "gui/GUI_Table.h"
 #include "gui/GUI_ToolBar.h"
 #include "support/TestPanel.h"
 
@@ -129,4 +136,26 @@ TEST(GUI_ActionComponent, OutlivesAnAnswerThatReleasesThePanel)
 
     EXPECT_TRUE(panelAlive.isNull());
     EXPECT_TRUE(alive.isNull());
+}
+
+template <typename Component>
+class GUI_ActionComponentOf : public testing::Test
+{};
+
+using ActionComponents =
+    testing::Types<GUI_Button, GUI_CheckBox, GUI_ColorButton, GUI_ComboBox, GUI_LineEdit,
+                   GUI_ListBox, GUI_RadioButton, GUI_SpinBox, GUI_Table>;
+TYPED_TEST_SUITE(GUI_ActionComponentOf, ActionComponents);
+
+TYPED_TEST(GUI_ActionComponentOf, TakesTheSharedFont)
+{
+    const COM_Scoped panel(TestPanel::New());
+    const COM_Scoped plain(TypeParam::New(*panel));
+    QFont font = plain->font();
+    font.setPointSize(font.pointSize() + 5);
+    GUI_Object::setFontName(GUI_Object::toTString(font.toString()));
+    const COM_Scoped component(TypeParam::New(*panel));
+    GUI_Object::setFontName("");
+
+    EXPECT_EQ(component->font().pointSize(), plain->font().pointSize() + 5);
 }

@@ -1,5 +1,7 @@
 #include "gui/GUI_ActionLoadFile.h"
 
+#include "dictionary/DICO_Dictionary.h"
+#include "gui/GUI_File.h"
 #include "support/DialogAnswers.h"
 #include "support/FileDialog.h"
 #include "support/Printed.h"
@@ -63,6 +65,11 @@ TEST(GUI_ActionLoadFile, StartsInTheWorkingDirectoryWithoutAPath)
     const WorkingDirectory working(directory.path());
     const ProjectRoot root;
     DialogAnswers answers;
+    // Qt would go on where the last dialog was left.
+    const TestDirectory visited;
+    const std::string file = visited.write("own.xml", fileOf(root->getClassName()));
+    answers.add<QFileDialog>(choosing(file));
+    GUI_File::selectFile(nullptr, visited.slashed(), "", "", "");
     answers.add<QFileDialog>([&directory](QFileDialog& dialog) {
         EXPECT_EQ(dialog.directory().canonicalPath().toStdString(),
                   std::filesystem::canonical(directory.path()));
@@ -112,5 +119,33 @@ TEST(GUI_ActionLoadFile, AsksToSaveTheOpenFile)
     action.trigger();
     EXPECT_EQ(root->mCalls, (Calls{"save " + directory.slashed() + " former.xml",
                                    "load " + directory.slashed() + " own.xml"}));
+    root->setSavingFile("");
+}
+
+TEST(GUI_ActionLoadFile, SpeaksTheLanguageOfTheUser)
+{
+    const TestDirectory directory;
+    const ProjectRoot root;
+    root->setSavingFile("project.dpj");
+    GUI_Object::setLang(DICO_Dictionary::LANG_FR);
+    auto& action = root.add<GUI_ActionLoadFile>();
+    DialogAnswers answers;
+    answers.add<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.windowTitle(), "Ouvrir un fichier");
+        EXPECT_EQ(box.text(), "Voulez-vous enregistrer avant d'ouvrir un fichier ?");
+        EXPECT_EQ(box.button(QMessageBox::Yes)->text(), "Oui");
+        EXPECT_EQ(box.button(QMessageBox::No)->text(), "Non");
+    });
+    answers.add<QFileDialog>([&directory](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Ouvrir un autre fichier");
+        EXPECT_EQ(dialog.labelText(QFileDialog::FileName), "Ouvrir un fichier");
+        EXPECT_EQ(dialog.nameFilters(), QStringList{"Fichier (*.xml)"});
+        typeName(dialog, directory.write("text.xml", "no file of ours"));
+    });
+    answers.add<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.windowTitle(), "Avertissement");
+        EXPECT_EQ(box.text(), "Le fichier ne peut pas \xc3\xaatre charg\xc3\xa9");
+    });
+    action.trigger();
     root->setSavingFile("");
 }

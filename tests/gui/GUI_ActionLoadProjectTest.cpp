@@ -1,5 +1,6 @@
 #include "gui/GUI_ActionLoadProject.h"
 
+#include "dictionary/DICO_Dictionary.h"
 #include "support/DialogAnswers.h"
 #include "support/FileDialog.h"
 #include "support/Printed.h"
@@ -76,5 +77,27 @@ TEST(GUI_ActionLoadProject, AsksToSaveAnOpenProject)
     answers.add<QMessageBox>(answering(QMessageBox::Yes)).add<QFileDialog>(cancel);
     action.trigger();
     EXPECT_EQ(root->mCalls, Calls{"save /path/ project.dpj"});
+    root->setSavingFile("");
+}
+
+TEST(GUI_ActionLoadProject, SpeaksTheLanguageOfTheUser)
+{
+    const ProjectRoot root;
+    root->setSavingFile("project.dpj");
+    GUI_Object::setLang(DICO_Dictionary::LANG_FR);
+    auto& action = root.add<GUI_ActionLoadProject>();
+    DialogAnswers answers;
+    answers.add<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.windowTitle(), "Ouvrir un projet");
+        EXPECT_EQ(box.text(), "Voulez-vous enregistrer avant d'ouvrir un projet ?");
+        EXPECT_EQ(box.button(QMessageBox::Yes)->text(), "Oui");
+        EXPECT_EQ(box.button(QMessageBox::No)->text(), "Non");
+    });
+    answers.add<QFileDialog>([](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Ouvrir un autre projet");
+        EXPECT_EQ(dialog.labelText(QFileDialog::FileName), "Choisissez le fichier de projet");
+        EXPECT_EQ(dialog.nameFilters(), QStringList{"Fichier de projet (*.dpj)"});
+    });
+    action.trigger();
     root->setSavingFile("");
 }

@@ -1,5 +1,6 @@
 #include "gui/GUI_ActionNewProject.h"
 
+#include "dictionary/DICO_Dictionary.h"
 #include "gui/GUI_NewProjectWindow.h"
 #include "support/DialogAnswers.h"
 #include "support/ProjectRoot.h"
@@ -48,4 +49,22 @@ TEST(GUI_ActionNewProject, AsksToSaveAnOpenProject)
     action.trigger();
     EXPECT_EQ(root->mCalls, Calls{"save /path/ project.dpj"});
     EXPECT_EQ(root.children<GUI_NewProjectWindow>().size(), 1U);
+}
+
+TEST(GUI_ActionNewProject, SpeaksTheLanguageOfTheUser)
+{
+    const ProjectRoot root;
+    root->setSavingFile("project.dpj");
+    GUI_Object::setLang(DICO_Dictionary::LANG_FR);
+    auto& action = root.add<GUI_ActionNewProject>();
+    DialogAnswers answers;
+    answers.add<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.windowTitle(), "Nouveau projet");
+        EXPECT_EQ(box.text(), "Voulez-vous enregistrer avant de cr\xc3\xa9"
+                              "er un nouveau projet ?");
+        EXPECT_EQ(box.button(QMessageBox::Yes)->text(), "Oui");
+        EXPECT_EQ(box.button(QMessageBox::No)->text(), "Non");
+    });
+    action.trigger();
+    root->setSavingFile("");
 }

@@ -1,5 +1,6 @@
 #include "gui/GUI_ActionSaveAsFile.h"
 
+#include "dictionary/DICO_Dictionary.h"
 #include "support/DialogAnswers.h"
 #include "support/FileDialog.h"
 #include "support/ProjectRoot.h"
@@ -7,6 +8,7 @@
 #include "support/WorkingDirectory.h"
 
 #include <QMessageBox>
+#include <QPushButton>
 
 #include <gtest/gtest.h>
 
@@ -69,4 +71,28 @@ TEST(GUI_ActionSaveAsFile, CancelSavesNothing)
     root.add<GUI_ActionSaveAsFile>().trigger();
     EXPECT_EQ(root->mCalls, Calls{});
     EXPECT_EQ(root.menuPanel().mUpdates, 1);
+}
+
+TEST(GUI_ActionSaveAsFile, SpeaksTheLanguageOfTheUser)
+{
+    const TestDirectory directory;
+    directory.write("there.xml", "");
+    const ProjectRoot root;
+    root->setSavingPath(directory.slashed());
+    GUI_Object::setLang(DICO_Dictionary::LANG_FR);
+    auto& action = root.add<GUI_ActionSaveAsFile>();
+    DialogAnswers answers;
+    answers.add<QFileDialog>([](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Enregistrer sous");
+        typeName(dialog, "there.xml");
+    });
+    answers.add<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.windowTitle(), "Avertissement");
+        EXPECT_EQ(box.text(), "Le fichier existe d\xc3\xa9j\xc3\xa0.\nVoulez-vous le remplacer ?");
+        EXPECT_EQ(box.button(QMessageBox::Yes)->text(), "Oui");
+        EXPECT_EQ(box.button(QMessageBox::No)->text(), "Non");
+    });
+    answers.add<QFileDialog>([](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    action.trigger();
+    EXPECT_EQ(root->mCalls, Calls{});
 }

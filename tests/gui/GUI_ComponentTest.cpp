@@ -96,3 +96,8 @@ TEST(GUI_Component, NeedsNoPanel)
     EXPECT_EQ(label->parentWidget(), nullptr);
     EXPECT_EQ(label->qtWidget(), label.get());
 }
+
+TEST(GUI_Component, LooksForIconsBelowTheWorkingDirectoryAtFirst)
+{
+    EXPECT_EQ(GUI_Component::ICONS_PATH, "icons/");
+}

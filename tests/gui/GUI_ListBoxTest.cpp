@@ -2,6 +2,9 @@
 
 #include "support/TestPanel.h"
 
+#include <QApplication>
+#include <QMouseEvent>
+
 namespace {
 
 GUI_ListBox& addPlanets(const TestForm& form)
@@ -44,6 +47,26 @@ TEST(GUI_ListBox, ReportsAClickOnTheCurrentItemTwice)
 
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, placeOf(list, 1));
 
+    EXPECT_EQ(form->mValues, (std::vector<std::string>{"1", "1"}));
+}
+
+TEST(GUI_ListBox, ReportsADoubleClickTwiceMoreThanAClick)
+{
+    const TestForm form;
+    GUI_ListBox& list = addPlanets(form);
+    list.setValue("1");
+    form.show();
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, placeOf(list, 1));
+    const std::size_t click = form->mFlags.size();
+    form->forget();
+
+    QMouseEvent second(QEvent::MouseButtonDblClick, placeOf(list, 1),
+                       list.viewport()->mapToGlobal(placeOf(list, 1)), Qt::LeftButton,
+                       Qt::LeftButton, {});
+    QApplication::sendEvent(list.viewport(), &second);
+
+    // Double click, selected.
+    EXPECT_EQ(click, 2U);
     EXPECT_EQ(form->mValues, (std::vector<std::string>{"1", "1"}));
 }
 

@@ -1,5 +1,6 @@
 #include "gui/GUI_NewProjectPanel.h"
 
+#include "dictionary/DICO_Dictionary.h"
 #include "gui/GUI_Button.h"
 #include "gui/GUI_Label.h"
 #include "gui/GUI_LineEdit.h"
@@ -87,6 +88,30 @@ TEST_F(NewProjectPanel, HasTheStatedTexts)
     EXPECT_EQ(component<GUI_Button>(Panel::COMPO_CANCEL).text(), "Cancel");
     EXPECT_TRUE(component<GUI_Button>(Panel::COMPO_OK).isDefault());
     EXPECT_EQ(name().getValue(), "");
+}
+
+TEST_F(NewProjectPanel, SpeaksTheLanguageOfTheUser)
+{
+    GUI_Object::setLang(DICO_Dictionary::LANG_FR);
+    open();
+    QStringList labels;
+    for (const QLabel* const label : form().findChildren<GUI_Label*>()) {
+        labels.push_back(label->text());
+    }
+    EXPECT_EQ(labels, (QStringList{"Nom du projet", "R\xc3\xa9pertoire du projet"}));
+    EXPECT_EQ(component<GUI_Button>(Panel::COMPO_BROWSE).text(), "Parcourir");
+    EXPECT_EQ(component<GUI_Button>(Panel::COMPO_CANCEL).text(), "Annuler");
+    DialogAnswers answers;
+    answers.add<QFileDialog>([](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Choisissez le r\xc3\xa9pertoire du projet");
+    });
+    click(Panel::COMPO_BROWSE);
+    answers.add<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.windowTitle(), "Avertissement");
+        EXPECT_EQ(box.text(),
+                  "Le projet existe d\xc3\xa9j\xc3\xa0!\nChoisissez un autre nom de projet");
+    });
+    click(Panel::COMPO_OK);
 }
 
 TEST_F(NewProjectPanel, BeginsWithTheDirectoryOfTheParent)

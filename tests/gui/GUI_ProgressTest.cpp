@@ -1,11 +1,13 @@
 #include "gui/GUI_Progress.h"
 
 #include "common/COM_Scoped.h"
+#include "dictionary/DICO_Dictionary.h"
 #include "support/Printed.h"
 #include "support/ProjectRoot.h"
 
 #include <QApplication>
 #include <QProgressBar>
+#include <QScreen>
 #include <QWindow>
 
 #include <gtest/gtest.h>
@@ -49,6 +51,23 @@ TEST(GUI_Progress, StandsUnderTheMiddleOfItsParent)
     const QPoint middle = root->mapToGlobal(root->rect().center());
     const QWidget& window = *progressWindows()[0];
     EXPECT_EQ(window.pos() + window.rect().center(), middle + QPoint(0, 20));
+}
+
+TEST(GUI_Progress, StandsUnderTheMiddleOfTheScreenWithoutAParent)
+{
+    const COM_Scoped progress(GUI_Progress::New(20));
+    ASSERT_EQ(progressWindows().size(), 1U);
+    const QWidget& window = *progressWindows()[0];
+    EXPECT_EQ(window.pos() + window.rect().center(),
+              window.screen()->availableGeometry().center() + QPoint(0, 20));
+}
+
+TEST(GUI_Progress, ItsCaptionIsTranslated)
+{
+    const ProjectRoot root;
+    GUI_Object::setLang(DICO_Dictionary::LANG_FR);
+    const COM_Scoped progress(GUI_Progress::New(*root, 20));
+    EXPECT_EQ(progressWindows().at(0)->windowTitle(), "Barre de progression");
 }
 
 TEST(GUI_Progress, IsOnTheScreenWhenItIsMade)

@@ -27,6 +27,16 @@ TEST_F(GUI_SelectionPanelTest, HasListAndEditorAsItsChildrenSideBySide)
     EXPECT_EQ(panel->getTypes().back(), "GUI_SelectionPanel");
 }
 
+TEST_F(GUI_SelectionPanelTest, ItsListHasTheButtonsThatAreAskedFor)
+{
+    const COM_Scoped adding(SelectionOfObjects::New(root(), true, false));
+    EXPECT_NE(adding->getComponent(GUI_ListPanel::COMPO_ADD), nullptr);
+    EXPECT_EQ(adding->getComponent(GUI_ListPanel::COMPO_DELETE), nullptr);
+    const COM_Scoped deleting(SelectionOfObjects::New(root(), false, true));
+    EXPECT_EQ(deleting->getComponent(GUI_ListPanel::COMPO_ADD), nullptr);
+    EXPECT_NE(deleting->getComponent(GUI_ListPanel::COMPO_DELETE), nullptr);
+}
+
 TEST_F(GUI_SelectionPanelTest, AnObjectAddedIsHeldAndShown)
 {
     const COM_Scoped object(TestObject::New());

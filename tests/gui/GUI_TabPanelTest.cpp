@@ -73,3 +73,15 @@ TEST(GUI_TabPanel, TurnsItsPagesByTheMouse)
     EXPECT_FALSE(first->isVisible());
     EXPECT_TRUE(second->isVisible());
 }
+
+TEST(GUI_TabPanel, TakesTheSharedFont)
+{
+    const COM_Scoped plain(GUI_TabPanel::New());
+    QFont font = plain->font();
+    font.setPointSize(font.pointSize() + 7);
+    GUI_Object::setFontName(GUI_Object::toTString(font.toString()));
+    const COM_Scoped tabs(GUI_TabPanel::New());
+    GUI_Object::setFontName("");
+
+    EXPECT_EQ(tabs->font().pointSize(), plain->font().pointSize() + 7);
+}

@@ -275,6 +275,22 @@ TEST(GUI_Table, KeepsItsMarksWhenItGrows)
     EXPECT_EQ(table.getValue(), "0");
 }
 
+TEST(GUI_Table, HasItsItemsInTheCellsThatALabelAdds)
+{
+    const TestForm form;
+    auto& checks = form.add<GUI_Table>(1);
+    checks.setCheckedTable(true, "On");
+    checks.setColumnLabel(1, "second");
+    checks.setRowLabel(2, "third");
+    auto& choices = form.add<GUI_Table>(2);
+    choices.setComboBoxTable(true, LAWS);
+    choices.setRowLabel(2, "third");
+    choices.setColumnLabel(1, "second");
+
+    EXPECT_EQ(checks.getValue(2, 1), "On");
+    EXPECT_EQ(choices.getValue(2, 1), "none");
+}
+
 TEST(GUI_Table, SaysZeroWithoutACurrentCheckBox)
 {
     const TestForm form;
