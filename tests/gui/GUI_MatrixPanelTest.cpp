@@ -467,6 +467,21 @@ TEST_F(GUI_MatrixPanelTest, BoxesChangeTheDimensions)
     EXPECT_EQ(columnsBox(*panel).getValue(), "12");
 }
 
+TEST_F(GUI_MatrixPanelTest, AnUpdateKeepsWhatIsBeingTypedIntoABox)
+{
+    const COM_Scoped matrix(LA_RealMatrix::New(2, 2));
+    const COM_Scoped panel(RealPanel::New(root(), *matrix, true));
+    show(*panel);
+    auto* const field = columnsBox(*panel).findChild<QLineEdit*>();
+    ASSERT_NE(field, nullptr);
+    field->selectAll();
+    QTest::keyClicks(field, "12");
+    panel->updateValues();
+    EXPECT_EQ(field->text(), "12");
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_EQ(matrix->getColumnsNumber(), 12U);
+}
+
 TEST_F(GUI_MatrixPanelTest, ASquareMatrixKeepsItsElementsWhenItGrows)
 {
     const COM_Scoped matrix(LA_RealMatrix::New(2, 2));
