@@ -46,7 +46,10 @@ TEST_F(QVG_ApplicationTest, WithoutArgumentThereAreNoPreferences)
 
 TEST_F(QVG_ApplicationTest, WindowsHaveTheIconOfTheProgram)
 {
+    const std::string former = GUI_Action::ICONS_PATH;
+    GUI_Action::ICONS_PATH = GUI_BaseDirectory::find() + "/icons/";
     const COM_Scoped application(start({}));
+    GUI_Action::ICONS_PATH = former;
     const QList<QSize> sizes = application->getMainWindow()->windowIcon().availableSizes();
     ASSERT_EQ(sizes.size(), 2);
     EXPECT_EQ(sizes[0], QSize(48, 48));
