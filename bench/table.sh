@@ -4,6 +4,7 @@
 set -eu
 solver=$1/bench/quorvex_solver_bench
 memory=$1/bench/quorvex_memory_bench
+desktop=$1/bench/quorvex_desktop_bench
 
 echo "Machine: $(sed -n 's/^model name[^:]*: //p' /proc/cpuinfo | head -n 1), $(nproc) cores"
 echo "Compiler: $(c++ --version | head -n 1)"
@@ -31,3 +32,12 @@ echo
 echo "A million nodes, two levels, one system:"
 echo
 "$memory" | sed 's/^/    /'
+
+if [ -x "$desktop" ]; then
+    echo
+    echo "The desktop program, without a display, ms:"
+    echo
+    "$desktop" --benchmark_repetitions=5 --benchmark_report_aggregates_only=true --benchmark_format=csv 2>/dev/null |
+        awk -F, '/_median"/ { gsub(/"/, "", $1); sub("_median", "", $1); sub("/(manual_time|real_time)", "", $1)
+                              printf "    %s: %.0f\n", $1, $3 }'
+fi

@@ -6,11 +6,11 @@
 #include "gui/GUI_BaseDirectory.h"
 #include "gui/GUI_ClassFactory.h"
 #include "gui/GUI_Component.h"
+#include "gui/GUI_File.h"
 #include "gui/GUI_Grave.h"
 #include "gui/GUI_Message.h"
 #include "gui/GUI_RootWindow.h"
 #include "metaModel/MM_Class.h"
-#include "metaModel/MM_Parser.h"
 
 #include <QFile>
 #include <QLibraryInfo>
@@ -18,7 +18,6 @@
 
 #include <clocale>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 
 std::string GUI_Application::TRANSLATOR_FILE = "qt_";
@@ -46,18 +45,13 @@ QString decoded(const QByteArray& bytes)
     return text.toUtf8() == bytes ? text : QString::fromLatin1(bytes);
 }
 
-/// True for a file that can be read, holds something, and has no root object of that class.
+/// True for a file that holds something but no root object of that class.
 bool isForeign(const std::string& file, const std::string& className)
 {
     std::error_code error;
-    if (!std::filesystem::is_regular_file(file, error) || !std::ifstream(file).is_open()) {
-        return false;
-    }
-    const COM_Scoped package(GUI_ClassFactory::New());
-    MM_Parser::parseXMLMetaModelFile(file, *package);
-    const MM_Class* const root = package->getRootMetaClass();
-    return root != nullptr ? root->getName() != className
-                           : std::filesystem::file_size(file, error) > 0;
+    return std::filesystem::is_regular_file(file, error)
+           && std::filesystem::file_size(file, error) > 0
+           && GUI_File::getRootClassName(file) != className;
 }
 
 } // namespace

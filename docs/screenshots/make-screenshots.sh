@@ -1,0 +1,159 @@
+#!/usr/bin/env bash
+# docs/screenshots/make-screenshots.sh PROGRAM
+#
+# Takes the pictures in this directory anew, every window of the desktop program in French and in English, on a screen of
+# its own. Take a release build: ./make-screenshots.sh ../../build/release/src/quorvexGui/quorvex
+# SCALE=2 draws for a screen of high density, STYLE=fusion and the like are passed on, OUT=DIRECTORY leaves these
+# pictures alone.
+set -euo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+top=$here/../..
+program=$(realpath "$1")
+out=$(realpath "${OUT:-$here}")
+# shellcheck source=../../tests/desktop/desktop.sh
+. "$top/tests/desktop/desktop.sh"
+
+# word KEY: the text in the present language
+word() {
+    if [ "$lang" = en ]; then
+        echo "$1"
+    else
+        awk -F '\t' -v key="$1" '$1 == key {print $2}' "$top/src/data/linguist/words.tsv"
+    fi
+}
+
+# choose MENU ENTRY: of the main window, counted from 0
+choose() {
+    window "$(word 'Quorvex Simulation')"
+    press Alt_L
+    for _ in $(seq "$1"); do press Right; done
+    for _ in $(seq 0 "$2"); do press Down; done
+    press Return
+    sleep 0.5
+}
+
+# detail KEY FILE: presses the button that has the focus, takes the window it opens, closes it
+detail() {
+    press space
+    window "$(word "$1")"
+    shoot "$2-$lang.png" "$(word "$1")"
+    press alt+F4
+    gone "$(word "$1")"
+    window "$(word 'Options Window')"
+}
+
+repeat() { for _ in $(seq "$2"); do press "$1"; done; }
+
+tour() {
+    lang=$1
+    local arguments=()
+    if [ "$lang" = en ]; then
+        sed "s|@DATA@|$(realpath "$top/src/data")|" "$here/english.xml" >english.xml
+        arguments=(english.xml)
+    fi
+    "$program" ${STYLE:+-style "$STYLE"} "${arguments[@]}" >log 2>&1 &
+    local pid=$!
+    local main parameters
+    main=$(word 'Quorvex Simulation')
+    parameters=$(word 'Options Window')
+    window "$main"
+    press ctrl+n
+    window "$(word 'Create a New Project')"
+    xdotool type pulse
+    shoot "new-project-$lang.png" "$(word 'Create a New Project')"
+    press Return
+    gone "$(word 'Create a New Project')"
+    window "$main"
+    shoot "main-window-$lang.png" "$main"
+    press Alt_L Down
+    shoot "project-menu-$lang.png"
+    press Escape Escape
+
+    window "$main"
+    press ctrl+p
+    window "$parameters"
+    shoot "physical-data-$lang.png" "$parameters"
+    repeat Tab 6
+    detail 'Captors Window' captors
+    repeat Tab 3
+    press space
+    window "$(word Information)"
+    shoot "not-in-this-build-$lang.png" "$(word Information)"
+    press Return
+    window "$parameters"
+    press Tab
+    detail 'Initial Density Window' densities
+    repeat Tab 3
+    detail 'Longitudinal Relaxation Matrix Window' rates
+    press ctrl+Tab
+    repeat Tab 2
+    repeat Down 4
+    repeat Tab 2
+    enter 300000
+    press Return
+    shoot "numerical-data-$lang.png" "$parameters"
+    press ctrl+Tab
+    repeat shift+Tab 2
+    press Down Tab Tab Tab
+    detail 'Equilibrium Vector Window' equilibrium
+
+    window "$main"
+    click 125 45
+    window "$(word 'Quorvex Solving')..."
+    sleep 2
+    shoot "progress-$lang.png" "$(word 'Quorvex Solving')..."
+    window "$(word Information)!"
+    shoot "finished-$lang.png" "$(word Information)!"
+    press Return
+
+    window "$parameters"
+    press ctrl+Tab
+    repeat shift+Tab 4
+    enter 3
+    press Return
+    window "$main"
+    click 125 45
+    window "$(word 'Check of the Problem')"
+    shoot "check-$lang.png" "$(word 'Check of the Problem')"
+    press Escape
+
+    choose 1 2
+    window "$(word 'Preferences Window')"
+    shoot "preferences-$lang.png" "$(word 'Preferences Window')"
+    press Escape alt+F4
+    choose 4 1
+    window "$(word About)"
+    shoot "about-$lang.png" "$(word About)"
+    press Escape
+    window "$main"
+    press ctrl+u
+    window "$(word 'Save As Project')"
+    shoot "save-as-$lang.png" "$(word 'Save As Project')"
+    press alt+F4
+    window "$main"
+    press ctrl+o
+    window "$(word 'Load Project')"
+    shoot "question-$lang.png" "$(word 'Load Project')"
+    press Tab Return
+    window "$(word 'Load a New Project')"
+    shoot "load-$lang.png" "$(word 'Load a New Project')"
+    press Escape
+    kill "$pid"
+    wait "$pid" || true
+}
+
+work=$(mktemp -d)
+SHOTS=$work/shots
+open_screen "${SCREEN:-1280x1024}"
+trap 'close_screen; rm -rf "$work"' EXIT
+export XDG_RUNTIME_DIR=$work/run XDG_CONFIG_HOME=$work/config QT_SCALE_FACTOR=${SCALE:-1}
+unset QT_QPA_PLATFORM
+mkdir -m 700 "$work/run" "$SHOTS"
+for language in ${LANGUAGES:-fr en}; do
+    mkdir "$work/$language"
+    cd "$work/$language"
+    tour "$language"
+done
+mogrify -strip +set date:create +set date:modify -colors 256 "$SHOTS"/*.png
+cp "$SHOTS"/*.png "$out"
+echo "$(find "$SHOTS" -name '*.png' | wc -l) pictures"
