@@ -2,13 +2,15 @@
 # docs/screenshots/make-screenshots.sh PROGRAM
 #
 # Takes the pictures in this directory anew, every window of the desktop program in French and in English, on a screen of
-# its own. Take a release build: ./make-screenshots.sh ../../build/release/src/quorvexGui/quorvex
+# its own. PROGRAM is an installed one, so that the paths in the pictures are nobody's own:
+#   cmake --install ../../build/release --prefix /opt/quorvex && ./make-screenshots.sh /opt/quorvex/bin/quorvex
 # SCALE=2 draws for a screen of high density, STYLE=fusion and the like are passed on, OUT=DIRECTORY leaves these
 # pictures alone.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 top=$here/../..
 program=$(realpath "$1")
+data=$(realpath "$(dirname "$program")/../share/quorvex")
 out=$(realpath "${OUT:-$here}")
 # shellcheck source=../../tests/desktop/desktop.sh
 . "$top/tests/desktop/desktop.sh"
@@ -25,9 +27,12 @@ word() {
 # choose MENU ENTRY: of the main window, counted from 0
 choose() {
     window "$(word 'Quorvex Simulation')"
-    press Alt_L
-    for _ in $(seq "$1"); do press Right; done
-    for _ in $(seq 0 "$2"); do press Down; done
+    click 25 10
+    press Down # the first menu may mark no entry before that
+    repeat Right "$1"
+    repeat Down "$2"
+    shoot "menu-$1-$lang.png"
+    mogrify -crop 640x220+0+0 +repage "$SHOTS/menu-$1-$lang.png"
     press Return
     sleep 0.5
 }
@@ -42,13 +47,13 @@ detail() {
     window "$(word 'Options Window')"
 }
 
-repeat() { for _ in $(seq "$2"); do press "$1"; done; }
+repeat() { for _ in $(seq 1 "$2"); do press "$1"; done; }
 
 tour() {
     lang=$1
     local arguments=()
     if [ "$lang" = en ]; then
-        sed "s|@DATA@|$(realpath "$top/src/data")|" "$here/english.xml" >english.xml
+        sed "s|@DATA@|$data|" "$here/english.xml" >english.xml
         arguments=(english.xml)
     fi
     "$program" ${STYLE:+-style "$STYLE"} "${arguments[@]}" >log 2>&1 &
@@ -65,8 +70,9 @@ tour() {
     gone "$(word 'Create a New Project')"
     window "$main"
     shoot "main-window-$lang.png" "$main"
-    press Alt_L Down
-    shoot "project-menu-$lang.png"
+    click 25 10
+    shoot "menu-0-$lang.png"
+    mogrify -crop 640x220+0+0 +repage "$SHOTS/menu-0-$lang.png"
     press Escape Escape
 
     window "$main"
@@ -108,8 +114,7 @@ tour() {
 
     window "$parameters"
     press ctrl+Tab
-    repeat shift+Tab 4
-    enter 3
+    enter 5
     press Return
     window "$main"
     click 125 45
@@ -125,13 +130,11 @@ tour() {
     window "$(word About)"
     shoot "about-$lang.png" "$(word About)"
     press Escape
-    window "$main"
-    press ctrl+u
+    choose 0 3
     window "$(word 'Save As Project')"
     shoot "save-as-$lang.png" "$(word 'Save As Project')"
     press alt+F4
-    window "$main"
-    press ctrl+o
+    choose 0 1
     window "$(word 'Load Project')"
     shoot "question-$lang.png" "$(word 'Load Project')"
     press Tab Return
@@ -142,11 +145,13 @@ tour() {
     wait "$pid" || true
 }
 
-work=$(mktemp -d)
+# The paths and the home directory that the pictures show are nobody's own either.
+work=/tmp/quorvex
+mkdir "$work"
 SHOTS=$work/shots
 open_screen "${SCREEN:-1280x1024}"
-trap 'close_screen; rm -rf "$work"' EXIT
-export XDG_RUNTIME_DIR=$work/run XDG_CONFIG_HOME=$work/config QT_SCALE_FACTOR=${SCALE:-1}
+trap 'close_screen; cp "$SHOTS/failed.png" "${TMPDIR:-/tmp}/screenshots-failed.png" 2>/dev/null; rm -rf "$work"' EXIT
+export HOME=$work XDG_RUNTIME_DIR=$work/run XDG_CONFIG_HOME=$work/config QT_SCALE_FACTOR=${SCALE:-1}
 unset QT_QPA_PLATFORM
 mkdir -m 700 "$work/run" "$SHOTS"
 for language in ${LANGUAGES:-fr en}; do

@@ -10,7 +10,7 @@ GUI_ChildWindow::GUI_ChildWindow(GUI_ParentWindow& parent, bool isContainer)
     : GUI_ParentWindow(parent, isContainer)
 {
     COM_TYPE(GUI_ChildWindow);
-    setParent(parent);
+    attach(parent);
 }
 
 GUI_ChildWindow::GUI_ChildWindow(GUI_ParentWindow* parent, bool isContainer)
@@ -68,6 +68,11 @@ void GUI_ChildWindow::setParent(GUI_ParentWindow& parent)
     }
     const COM_Guard guard(*this);
     resetParent();
+    attach(parent);
+}
+
+void GUI_ChildWindow::attach(GUI_ParentWindow& parent)
+{
     associate(mParent, &parent);
     parent.addToChildren(*this);
     if (GUI_Workspace* const workspace = parent.getWorkspace()) {

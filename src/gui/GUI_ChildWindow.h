@@ -29,5 +29,8 @@ protected:
     ~GUI_ChildWindow() override = default;
 
 private:
+    /// Requires: there is no parent.
+    void attach(GUI_ParentWindow& parent);
+
     GUI_ParentWindow* mParent = nullptr; ///< Counted back reference.
 };

@@ -11,11 +11,16 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QRegularExpression>
+#include <QTreeView>
 
 #include <fstream>
 
 namespace {
+
+constexpr int width = 800; ///< Of the dialogs: names, sizes and dates in full.
+constexpr int height = 480;
 
 QString toQString(const std::string& text)
 {
@@ -64,6 +69,10 @@ void prepare(QFileDialog& dialog, const std::string& oldPath, const std::string&
 {
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setWindowTitle(toQString(title));
+    dialog.resize(width, height);
+    if (auto* const list = dialog.findChild<QTreeView*>()) {
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    }
     const QFileInfo start(toQString(oldPath));
     if (start.isDir()) {
         dialog.setDirectory(start.filePath());

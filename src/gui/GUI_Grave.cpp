@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QLayout>
 #include <QMdiSubWindow>
+#include <QTimer>
 #include <QWidget>
 
 #include <memory>
@@ -83,8 +84,9 @@ void GUI_Grave::detach(QObject& qtSide)
 
 void GUI_Grave::orphanCounted(QObject& qtSide)
 {
-    const QObjectList children = qtSide.children();
-    for (QObject* const child : children) {
+    // A copy: who is detached leaves the list.
+    const QObjectList& children = qtSide.children();
+    for (QObject* const child : std::vector<QObject*>(children.begin(), children.end())) {
         if (!isCounted(*child)) {
             orphanCounted(*child);
         } else if (!qtSide.isWidgetType() || qobject_cast<QLayout*>(child) == nullptr) {
@@ -116,8 +118,13 @@ void GUI_Grave::leaveHandler()
         return;
     }
     if (QCoreApplication::instance() != nullptr) {
-        QMetaObject::invokeMethod(
-            QCoreApplication::instance(), [] { flush(); }, Qt::QueuedConnection);
+        auto* const timer = new QTimer(QCoreApplication::instance());
+        timer->setSingleShot(true);
+        QObject::connect(timer, &QTimer::timeout, timer, [timer] {
+            timer->deleteLater();
+            flush();
+        });
+        timer->start(0);
     } else {
         flush();
     }

@@ -79,7 +79,7 @@ private:
     void setValue(unsigned long row, unsigned long column, const std::string& text);
     void resize();
 
-    bool mShowDim;
+    bool mShowDim = false;
     bool mIsSymetric = false;
     bool mIsConjugate = false;
     bool mIsDiagonal = false;

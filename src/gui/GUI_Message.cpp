@@ -5,6 +5,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <algorithm>
+#include <array>
 #include <initializer_list>
 
 namespace {
@@ -24,20 +26,20 @@ int tell(GUI_ParentWindow* parent, const std::string& title, const std::string& 
 int ask(GUI_ParentWindow* parent, const std::string& title, const std::string& text,
         std::initializer_list<std::string> buttonTexts)
 {
-    static constexpr QMessageBox::StandardButton BUTTONS[] = {QMessageBox::Yes, QMessageBox::No,
-                                                              QMessageBox::Cancel};
+    constexpr std::array standard = {QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel};
     QMessageBox box(QMessageBox::Warning, GUI_Object::toQString(title), GUI_Object::toQString(text),
                     QMessageBox::NoButton, GUI_Dialog::parent(parent));
     box.setTextFormat(Qt::PlainText);
-    int last = -1;
-    for (const std::string& buttonText : buttonTexts) {
-        box.addButton(BUTTONS[++last])->setText(GUI_Object::toQString(buttonText));
+    int last = 0;
+    for (std::size_t i = 0; i < std::min(buttonTexts.size(), standard.size()); ++i) {
+        box.addButton(standard.at(i))->setText(GUI_Object::toQString(buttonTexts.begin()[i]));
+        last = static_cast<int>(i);
     }
-    box.setDefaultButton(BUTTONS[0]);
-    box.setEscapeButton(BUTTONS[last]);
+    box.setDefaultButton(standard[0]);
+    box.setEscapeButton(standard.at(last));
     const int pressed = GUI_Dialog::run(box);
     for (int i = 0; i < last; ++i) {
-        if (pressed == BUTTONS[i]) {
+        if (pressed == standard.at(i)) {
             return i;
         }
     }

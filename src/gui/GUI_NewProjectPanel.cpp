@@ -22,7 +22,7 @@
 
 namespace {
 
-constexpr unsigned char LABEL = 255; ///< Flag of the labels; that of no field or button.
+constexpr unsigned char noField = 255; ///< Flag of the labels; that of no field or button.
 
 } // namespace
 
@@ -31,7 +31,7 @@ GUI_NewProjectPanel::GUI_NewProjectPanel(GUI_NewProjectWindow& window)
 {
     COM_TYPE(GUI_NewProjectPanel);
     initComponents();
-    updateValues();
+    GUI_NewProjectPanel::updateValues();
 }
 
 void GUI_NewProjectPanel::initComponents()
@@ -49,7 +49,7 @@ void GUI_NewProjectPanel::initComponents()
     const COM_Scoped ok(GUI_Button::New(*this, COMPO_OK));
     const auto addField = [this, &fields, &ok](int row, const std::string& text,
                                                unsigned char flag) {
-        const COM_Scoped label(GUI_Label::New(*this, LABEL));
+        const COM_Scoped label(GUI_Label::New(*this, noField));
         const COM_Scoped field(GUI_LineEdit::New(*this, flag));
         label->setLabel(text);
         label->setBuddy(field.get());

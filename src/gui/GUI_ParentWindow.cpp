@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <ranges>
 
 GUI_ParentWindow::GUI_ParentWindow(const std::string& name, bool isContainer)
     : QMainWindow(nullptr, Qt::Window)
@@ -232,8 +233,8 @@ void GUI_ParentWindow::removeFromChildren(GUI_ChildWindow& child)
 void GUI_ParentWindow::resetChildren()
 {
     const std::vector<unsigned long> ids = mChildren->keys();
-    for (auto id = ids.rbegin(); id != ids.rend(); ++id) {
-        if (GUI_ChildWindow* const child = getChild(*id)) {
+    for (const unsigned long id : std::views::reverse(ids)) {
+        if (GUI_ChildWindow* const child = getChild(id)) {
             removeFromChildren(*child);
         }
     }

@@ -32,7 +32,7 @@ struct Row
 
 using Panel = GUI_PreferencesRootPanel;
 
-constexpr unsigned char LABEL = 255; ///< Flag of the labels; that of no field or button.
+constexpr unsigned char noField = 255; ///< Flag of the labels; that of no field or button.
 
 constexpr Row ROWS[] = {
     {"Dictionary Path", Panel::COMPO_DICO_PATH_LE, Panel::COMPO_DICO_PATH_BUT},
@@ -49,7 +49,7 @@ GUI_PreferencesRootPanel::GUI_PreferencesRootPanel(GUI_ParentWindow& window)
 {
     COM_TYPE(GUI_PreferencesRootPanel);
     initComponents();
-    updateValues();
+    GUI_PreferencesRootPanel::updateValues();
 }
 
 void GUI_PreferencesRootPanel::initComponents()
@@ -66,7 +66,7 @@ void GUI_PreferencesRootPanel::initComponents()
     layout->setRowStretch(1, 1);
 
     const auto addLabel = [this, &fields](int row, const std::string& text, QWidget& buddy) {
-        const COM_Scoped label(GUI_Label::New(*this, LABEL));
+        const COM_Scoped label(GUI_Label::New(*this, noField));
         label->setLabel(text);
         label->setBuddy(&buddy);
         fields->addToComponents(*label, row, 0);

@@ -43,6 +43,7 @@ QSize GUI_TableFit::wholeSize(const GUI_Table& table, int rows, int columns)
 void GUI_TableFit::fitWindow(GUI_ParentWindow& window, const GUI_Table& table, int rows,
                              int columns)
 {
+    constexpr int narrowest = 320; // room for a caption beside the buttons of the frame
     QMargins around;
     for (const QWidget* whole = table.parentWidget(); whole != nullptr;
          whole = whole->parentWidget()) {
@@ -56,6 +57,7 @@ void GUI_TableFit::fitWindow(GUI_ParentWindow& window, const GUI_Table& table, i
     const QSize size =
         QSize(inside.width() + around.left() + around.right(), inside.height() + above)
             .expandedTo(window.minimumSizeHint())
+            .expandedTo({narrowest, 0})
             .boundedTo(window.screen()->availableSize());
     window.setSize(size.width(), size.height());
 }

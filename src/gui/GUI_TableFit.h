@@ -18,7 +18,7 @@ public:
     /// scroll bars if it has more.
     static QSize wholeSize(const GUI_Table& table, int rows, int columns);
 
-    /// Gives a window that holds the table the size at which so much of the table is whole; at most that of
-    /// the screen.
+    /// Gives a window that holds the table the size at which so much of the table is whole, and its caption
+    /// too; at most that of the screen.
     static void fitWindow(GUI_ParentWindow& window, const GUI_Table& table, int rows, int columns);
 };

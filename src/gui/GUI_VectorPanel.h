@@ -57,7 +57,7 @@ private:
     void edit(GUI_Table& table);
     void resize();
 
-    bool mShowDim;
+    bool mShowDim = false;
     LA_Vector<T>* mVector = nullptr; ///< Counted; null: none to edit.
     GUI_Label* mLabelDim = nullptr;  ///< Counted; null without a dimension box.
 };

@@ -28,7 +28,13 @@ void GUI_VectorWindow<T>::initComponents(LA_Vector<T>* vector, bool showDim)
     const COM_Scoped layout(GUI_RootHBoxLayout::New(*root));
     const COM_Scoped panel(GUI_VectorPanel<T>::New(root.get(), vector, showDim));
     layout->addPanel(*panel);
-    GUI_TableFit::fitWindow(*this, *panel->getTable(), 10, 1);
+    fit(*panel);
+}
+
+template <typename T>
+void GUI_VectorWindow<T>::fit(const GUI_VectorPanel<T>& panel)
+{
+    GUI_TableFit::fitWindow(*this, *panel.getTable(), 10, 1);
 }
 
 template <typename T>
@@ -67,6 +73,7 @@ void GUI_VectorWindow<T>::setValuesLabel(const std::string& label)
 {
     if (GUI_VectorPanel<T>* const panel = getVectorPanel()) {
         panel->setValuesLabel(label);
+        fit(*panel);
     }
 }
 

@@ -32,6 +32,8 @@ protected:
 
 private:
     void initComponents(LA_Vector<T>* vector, bool showDim);
+    /// Gives the window the size of its table, up to ten rows.
+    void fit(const GUI_VectorPanel<T>& panel);
 };
 
 extern template class GUI_VectorWindow<double>;

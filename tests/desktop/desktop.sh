@@ -90,7 +90,8 @@ shoot() {
         # The frame with its title is the window manager's.
         local id x y width height left right top bottom
         id=$(shown "$2")
-        eval "$(xdotool getwindowgeometry --shell "$id" | sed -n 's/^X=/x=/p; s/^Y=/y=/p; s/^WIDTH=/width=/p; s/^HEIGHT=/height=/p')"
+        read -r x y width height < <(xwininfo -id "$id" |
+            awk -F: '/Absolute/ || /Width|Height/ {printf "%d ", $2} END {print ""}')
         IFS=', ' read -r left right top bottom < <(xprop -id "$id" _NET_FRAME_EXTENTS | sed 's/.*= //')
         import -window root -crop \
             "$((width + left + right))x$((height + top + bottom))+$((x - left))+$((y - top))" +repage "$SHOTS/$1"

@@ -128,3 +128,21 @@ TEST_F(GUI_VectorWindowTest, OpensWithTenValuesInFullView)
     EXPECT_FALSE(table.verticalScrollBar()->isVisible());
     EXPECT_TRUE(table.viewport()->rect().contains(table.visualRect(table.model()->index(9, 0))));
 }
+
+TEST_F(GUI_VectorWindowTest, ALongTitleOfTheValuesIsInFullView)
+{
+    const COM_Scoped vector(LA_RealVector::New(2));
+    const COM_Scoped shown(RealWindow::New(window(), false, *vector, false));
+    shown->setValuesLabel("A title of the values that is longer than all of their numbers");
+    open(*shown);
+    const GUI_Table& table = *shown->getVectorPanel()->getTable();
+    EXPECT_GE(table.columnWidth(0), table.horizontalHeader()->sectionSizeHint(0));
+    EXPECT_FALSE(table.horizontalScrollBar()->isVisible());
+}
+
+TEST_F(GUI_VectorWindowTest, ASmallWindowHasRoomForItsCaption)
+{
+    const COM_Scoped vector(LA_RealVector::New(1));
+    const COM_Scoped shown(RealWindow::New(window(), false, *vector, false));
+    EXPECT_GE(shown->width(), 320);
+}
