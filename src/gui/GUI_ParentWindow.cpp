@@ -17,7 +17,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <ranges>
 
 GUI_ParentWindow::GUI_ParentWindow(const std::string& name, bool isContainer)
     : QMainWindow(nullptr, Qt::Window)
@@ -232,8 +231,9 @@ void GUI_ParentWindow::removeFromChildren(GUI_ChildWindow& child)
 
 void GUI_ParentWindow::resetChildren()
 {
-    const std::vector<unsigned long> ids = mChildren->keys();
-    for (const unsigned long id : std::views::reverse(ids)) {
+    std::vector<unsigned long> ids = mChildren->keys();
+    std::reverse(ids.begin(), ids.end()); // the newest goes first
+    for (const unsigned long id : ids) {
         if (GUI_ChildWindow* const child = getChild(id)) {
             removeFromChildren(*child);
         }

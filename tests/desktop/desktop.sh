@@ -1,11 +1,11 @@
 # Sourced: a screen of its own with a window manager, and what a person does at it.
 #
-#   open_screen [SIZE [SCALE]]   starts the screen; it goes with the shell that sources this
+#   open_screen [SIZE]           starts the screen; it goes with the shell that sources this
 #   window TITLE                 waits for a shown window, makes it the active one; the titles are whole
 #   gone TITLE                   waits until no such window is shown
 #   press KEY...                 keys one after the other, xdotool's names
 #   enter TEXT                   replaces what is selected or under the cursor
-#   click X Y                    a click, from the window's upper left corner
+#   click X Y                    a click, from the window's upper left corner; SCALE is that of the program
 #   shoot FILE [TITLE]           a picture of the screen or of one window
 
 open_screen() {
@@ -79,7 +79,7 @@ enter() {
 }
 
 click() {
-    xdotool mousemove --window "$present" "$1" "$2" click 1
+    xdotool mousemove --window "$present" $(($1 * ${SCALE:-1})) $(($2 * ${SCALE:-1})) click 1
     sleep 0.3
 }
 
