@@ -26,6 +26,6 @@ private:
 
     static constexpr int LINES = 2;
     static constexpr int MARGIN = 4; ///< Pixels to the left and to the right.
-    QLabel* mLabels[LINES];          ///< Owned by Qt.
+    QLabel* mLabels[LINES] = {};     ///< Owned by Qt.
     QStringList mTexts;              ///< The whole lines.
 };
