@@ -36,7 +36,7 @@ protected:
     {
         SharedPreferences::application().setMainWindow(*mRoot);
         GUI_Application::DOC_PATH = "/doc/";
-        GUI_Application::WORKING_PATH = "/work/";
+        GUI_Application::WORKING_PATH = "/projects/";
         GUI_Action::ICONS_PATH = "/icons/";
         GUI_Component::ICONS_PATH = "/icons/";
         const COM_Scoped window(GUI_PreferencesWindow::New(*mRoot, false));
@@ -182,7 +182,7 @@ TEST_F(PreferencesRootPanel, ShowsWhatIsStored)
     EXPECT_EQ(shown(Panel::COMPO_DICO_PATH_LE), GUI_Object::getDictionaryFile());
     EXPECT_EQ(shown(Panel::COMPO_DOCU_PATH_LE), "/doc/");
     EXPECT_EQ(shown(Panel::COMPO_ICON_PATH_LE), "/icons/");
-    EXPECT_EQ(shown(Panel::COMPO_WORK_PATH_LE), "/work/");
+    EXPECT_EQ(shown(Panel::COMPO_WORK_PATH_LE), "/projects/");
     EXPECT_EQ(shown(Panel::COMPO_FONT_LE), "default font");
     EXPECT_EQ(shown(Panel::COMPO_LANG_BUT), "0");
 
@@ -246,8 +246,8 @@ TEST_F(PreferencesRootPanel, TypedPathsAreStoredWithASlash)
     type(Panel::COMPO_ICON_PATH_LE, "/typed/icons/");
     EXPECT_EQ(GUI_Action::ICONS_PATH, "/typed/icons/");
     EXPECT_EQ(GUI_Component::ICONS_PATH, "/typed/icons/");
-    type(Panel::COMPO_WORK_PATH_LE, "/typed/work");
-    EXPECT_EQ(GUI_Application::WORKING_PATH, "/typed/work/");
+    type(Panel::COMPO_WORK_PATH_LE, "/typed/projects");
+    EXPECT_EQ(GUI_Application::WORKING_PATH, "/typed/projects/");
 }
 
 TEST_F(PreferencesRootPanel, ReturnStoresToo)
@@ -256,7 +256,7 @@ TEST_F(PreferencesRootPanel, ReturnStoresToo)
     field.setFocus();
     field.selectAll();
     QTest::keyClicks(&field, "/new");
-    EXPECT_EQ(GUI_Application::WORKING_PATH, "/work/");
+    EXPECT_EQ(GUI_Application::WORKING_PATH, "/projects/");
     QTest::keyClick(&field, Qt::Key_Return);
     EXPECT_EQ(GUI_Application::WORKING_PATH, "/new/");
     EXPECT_TRUE(isOpen());
@@ -265,8 +265,8 @@ TEST_F(PreferencesRootPanel, ReturnStoresToo)
 TEST_F(PreferencesRootPanel, AnEmptyTextIsPutBack)
 {
     type(Panel::COMPO_WORK_PATH_LE, "");
-    EXPECT_EQ(GUI_Application::WORKING_PATH, "/work/");
-    EXPECT_EQ(shown(Panel::COMPO_WORK_PATH_LE), "/work/");
+    EXPECT_EQ(GUI_Application::WORKING_PATH, "/projects/");
+    EXPECT_EQ(shown(Panel::COMPO_WORK_PATH_LE), "/projects/");
     const std::string words = GUI_Object::getDictionaryFile();
     type(Panel::COMPO_DICO_PATH_LE, "");
     EXPECT_EQ(shown(Panel::COMPO_DICO_PATH_LE), words);
@@ -429,7 +429,7 @@ TEST_F(PreferencesRootPanel, OkWritesTheFileWithAllKeysInOrder)
         {"LANG", "0"},
         {"TRANSLATOR_FILE", "texts_"},
         {"TRANSLATOR_PATH", "/translator/"},
-        {"WORKING_PATH", "/work/"},
+        {"WORKING_PATH", "/projects/"},
     };
     std::size_t place = 0;
     for (const auto& [key, value] : fields) {
@@ -488,7 +488,7 @@ TEST_F(PreferencesRootPanel, OkDoesNotWriteOverAForeignFile)
     auto& application = SharedPreferences::application();
     EXPECT_EQ(printedBy([&] { application.loadPreferences(file); }), "");
     EXPECT_EQ(application.getPreferencesFile(), file);
-    EXPECT_EQ(GUI_Application::WORKING_PATH, "/work/");
+    EXPECT_EQ(GUI_Application::WORKING_PATH, "/projects/");
     EXPECT_EQ(click(Panel::COMPO_OK), "ERROR:" + file + " can not be created !! \n");
     EXPECT_FALSE(isOpen());
     EXPECT_EQ(mDirectory.read("parameters.xml"), foreign);
