@@ -404,11 +404,6 @@ TEST_F(GUI_ApplicationTest, PreferencesAreWrittenOverTheirFormerState)
 
 TEST_F(GUI_ApplicationTest, QtsOwnTextsFollowTheLanguage)
 {
-    const bool isThere = std::filesystem::exists(
-        QLibraryInfo::path(QLibraryInfo::TranslationsPath).toStdString() + "/qtbase_fr.qm");
-    if (!isThere) {
-        GTEST_SKIP() << "Qt's French texts are not installed";
-    }
     const auto cancel = [] {
         return QCoreApplication::translate("QPlatformTheme", "Cancel").toStdString();
     };
@@ -426,9 +421,6 @@ TEST_F(GUI_ApplicationTest, TheStatedTranslatorFileComesFirst)
 {
     const std::string source =
         QLibraryInfo::path(QLibraryInfo::TranslationsPath).toStdString() + "/qtbase_de.qm";
-    if (!std::filesystem::exists(source)) {
-        GTEST_SKIP() << "Qt's German texts are not installed";
-    }
     std::filesystem::copy_file(source, mDirectory.file("tr_fr.qm"));
     std::filesystem::copy_file(source, mDirectory.file("tr_.qm"));
     GUI_Application::TRANSLATOR_PATH = mDirectory.slashed();
