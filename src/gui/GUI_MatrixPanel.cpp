@@ -1,25 +1,18 @@
 #include "gui/GUI_MatrixPanel.h"
 
-#include "common/COM_Guard.h"
 #include "common/COM_Integer.h"
-#include "common/COM_Scoped.h"
 #include "gui/GUI_CellValue.h"
 #include "gui/GUI_DimensionBox.h"
 #include "gui/GUI_Display.h"
-#include "gui/GUI_HBoxLayout.h"
-#include "gui/GUI_Label.h"
-#include "gui/GUI_RootGridLayout.h"
 #include "gui/GUI_Table.h"
 #include "gui/GUI_TableFit.h"
-#include "gui/GUI_UnknownAction.h"
 
 template <typename T>
 GUI_MatrixPanel<T>::GUI_MatrixPanel(GUI_ParentPanel* parent, bool showDim)
-    : GUI_FramePanel(parent)
-    , mShowDim(showDim)
+    : GUI_TablePanel(parent, showDim)
 {
     COM_TYPE(GUI_MatrixPanel);
-    initComponents();
+    initTable({translate("Columns Number"), translate("Rows Number")});
 }
 
 template <typename T>
@@ -42,25 +35,7 @@ GUI_MatrixPanel<T>::GUI_MatrixPanel(GUI_ParentPanel& parent, LA_Matrix<T>& matri
 template <typename T>
 GUI_MatrixPanel<T>::~GUI_MatrixPanel()
 {
-    dissociate(mLabelYDim);
-    dissociate(mLabelXDim);
     dissociate(mMatrix);
-}
-
-template <typename T>
-void GUI_MatrixPanel<T>::initComponents()
-{
-    const COM_Scoped layout(GUI_RootGridLayout::New(*this, 2, 2, 11, 6));
-    const COM_Scoped dimensions(GUI_HBoxLayout::New());
-    layout->addToChildren(*dimensions, 0, 0);
-    if (mShowDim) {
-        associate(mLabelXDim, GUI_DimensionBox::add(*this, *dimensions, COMPO_SB_XDIM,
-                                                    translate("Columns Number")));
-        associate(mLabelYDim, GUI_DimensionBox::add(*this, *dimensions, COMPO_SB_YDIM,
-                                                    translate("Rows Number")));
-    }
-    const COM_Scoped table(GUI_Table::New(this, COMPO_TABLE));
-    layout->addToComponents(*table, 1, 0);
 }
 
 template <typename T>
@@ -81,10 +56,7 @@ template <typename T>
 void GUI_MatrixPanel<T>::resetMatrix()
 {
     dissociate(mMatrix);
-    if (GUI_Table* const table = getTable()) {
-        const GUI_Display display(*this);
-        table->setRowsNumber(0);
-    }
+    resetTable();
 }
 
 template <typename T>
@@ -121,35 +93,6 @@ void GUI_MatrixPanel<T>::updateLines()
     const GUI_Display display(*this);
     GUI_DimensionBox::show(*this, COMPO_SB_XDIM, mMatrix->getColumnsNumber());
     GUI_DimensionBox::show(*this, COMPO_SB_YDIM, mMatrix->getLinesNumber());
-}
-
-template <typename T>
-void GUI_MatrixPanel<T>::updateValues()
-{
-    const COM_Guard guard(*this);
-    updateTable();
-    updateLines();
-    GUI_FramePanel::updateValues();
-}
-
-template <typename T>
-void GUI_MatrixPanel<T>::componentClicked(GUI_ActionComponent& component)
-{
-    const COM_Guard guard(*this);
-    switch (component.getFlagId()) {
-    case COMPO_TABLE:
-        if (auto* const table = dynamic_cast<GUI_Table*>(&component)) {
-            edit(*table);
-        }
-        break;
-    case COMPO_SB_XDIM:
-    case COMPO_SB_YDIM:
-        resize();
-        break;
-    default:
-        GUI_UnknownAction::print(component);
-    }
-    updateValues();
 }
 
 template <typename T>
@@ -207,17 +150,13 @@ void GUI_MatrixPanel<T>::resize()
 template <typename T>
 void GUI_MatrixPanel<T>::setXDimensionLabel(const std::string& label)
 {
-    if (mLabelXDim != nullptr) {
-        mLabelXDim->setLabel(label);
-    }
+    GUI_TablePanel::setDimensionLabel(COMPO_SB_XDIM, label);
 }
 
 template <typename T>
 void GUI_MatrixPanel<T>::setYDimensionLabel(const std::string& label)
 {
-    if (mLabelYDim != nullptr) {
-        mLabelYDim->setLabel(label);
-    }
+    GUI_TablePanel::setDimensionLabel(COMPO_SB_YDIM, label);
 }
 
 template <typename T>
@@ -250,22 +189,6 @@ void GUI_MatrixPanel<T>::setComboBoxMatrix(bool flag, const std::vector<std::str
         table->setComboBoxTable(flag, entries);
         updateTable();
     }
-}
-
-template <typename T>
-void GUI_MatrixPanel<T>::setColumnsResizabled(bool flag)
-{
-    if (GUI_Table* const table = getTable()) {
-        table->setColumnsResizabled(flag);
-    }
-}
-
-template <typename T>
-GUI_Table* GUI_MatrixPanel<T>::getTable() const
-{
-    return getMainLayout() != nullptr
-               ? dynamic_cast<GUI_Table*>(getMainLayout()->getComponent(COMPO_TABLE))
-               : nullptr;
 }
 
 template class GUI_MatrixPanel<double>;

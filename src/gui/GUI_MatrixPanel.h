@@ -1,13 +1,10 @@
 #pragma once
-#include "gui/GUI_FramePanel.h"
+#include "gui/GUI_TablePanel.h"
 #include "linearAlgebra/LA_Matrix.h"
 
 #include <complex>
 #include <string>
 #include <vector>
-
-class GUI_Label;
-class GUI_Table;
 
 /// A form for a matrix of double, complex double or unsigned long: a table and, above it, a box for each of
 /// its dimensions.
@@ -16,19 +13,15 @@ class GUI_Table;
 /// changed. Heirs override `updateValues`, which ends every change, to bring up to date what depends on the
 /// matrix.
 template <typename T>
-class GUI_MatrixPanel : public GUI_FramePanel
+class GUI_MatrixPanel : public GUI_TablePanel
 {
     COM_CLASS(GUI_MatrixPanel)
 public:
-    static constexpr unsigned char COMPO_TABLE = 0;
     static constexpr unsigned char COMPO_SB_XDIM = 1;
     static constexpr unsigned char COMPO_SB_YDIM = 2;
 
     /// Sizes with more elements are refused: filling a table of so many cells would hold up the program.
     static constexpr unsigned long MAX_ELEMENTS = 4000000;
-
-    void updateValues() override;
-    void componentClicked(GUI_ActionComponent& component) override;
 
     void setMatrix(LA_Matrix<T>& matrix) { setMatrix(&matrix); }
     /// Edits this matrix from now on. Null is `resetMatrix`.
@@ -37,8 +30,7 @@ public:
     void resetMatrix();
     LA_Matrix<T>* getMatrix() const { return mMatrix; }
 
-    /// Shows the values.
-    void updateTable();
+    void updateTable() override;
     /// Shows the dimensions.
     void updateLines();
 
@@ -61,10 +53,6 @@ public:
     /// Cells become choices, the value being the index of an entry. An entry's text is the value it gives.
     void setComboBoxMatrix(bool flag);
     void setComboBoxMatrix(bool flag, const std::vector<std::string>& entries);
-    /// Whether the user can change the widths of the columns; not at first.
-    void setColumnsResizabled(bool flag);
-
-    GUI_Table* getTable() const;
 
 protected:
     explicit GUI_MatrixPanel(GUI_ParentPanel* parent, bool showDim = true);
@@ -74,19 +62,16 @@ protected:
     ~GUI_MatrixPanel() override;
 
 private:
-    void initComponents();
-    void edit(GUI_Table& table);
+    void showDimensions() override { updateLines(); }
+    void edit(GUI_Table& table) override;
     void setValue(unsigned long row, unsigned long column, const std::string& text);
-    void resize();
+    void resize() override;
 
-    bool mShowDim = false;
     bool mIsSymetric = false;
     bool mIsConjugate = false;
     bool mIsDiagonal = false;
     bool mIsAntiSymetric = false;
     LA_Matrix<T>* mMatrix = nullptr; ///< Counted; null: none to edit.
-    GUI_Label* mLabelXDim = nullptr; ///< Counted; null without dimension boxes.
-    GUI_Label* mLabelYDim = nullptr; ///< Counted; null without dimension boxes.
 };
 
 extern template class GUI_MatrixPanel<double>;

@@ -1,24 +1,18 @@
 #include "gui/GUI_VectorPanel.h"
 
-#include "common/COM_Guard.h"
-#include "common/COM_Scoped.h"
 #include "gui/GUI_CellValue.h"
 #include "gui/GUI_DimensionBox.h"
 #include "gui/GUI_Display.h"
-#include "gui/GUI_HBoxLayout.h"
-#include "gui/GUI_Label.h"
-#include "gui/GUI_RootGridLayout.h"
 #include "gui/GUI_Table.h"
 #include "gui/GUI_TableFit.h"
-#include "gui/GUI_UnknownAction.h"
 
 template <typename T>
 GUI_VectorPanel<T>::GUI_VectorPanel(GUI_ParentPanel* parent, bool showDim)
-    : GUI_FramePanel(parent)
-    , mShowDim(showDim)
+    : GUI_TablePanel(parent, showDim)
 {
     COM_TYPE(GUI_VectorPanel);
-    initComponents();
+    initTable({translate("Dimension")});
+    setValuesLabel(translate("Values"));
 }
 
 template <typename T>
@@ -41,23 +35,7 @@ GUI_VectorPanel<T>::GUI_VectorPanel(GUI_ParentPanel& parent, LA_Vector<T>& vecto
 template <typename T>
 GUI_VectorPanel<T>::~GUI_VectorPanel()
 {
-    dissociate(mLabelDim);
     dissociate(mVector);
-}
-
-template <typename T>
-void GUI_VectorPanel<T>::initComponents()
-{
-    const COM_Scoped layout(GUI_RootGridLayout::New(*this, 2, 2, 11, 6));
-    const COM_Scoped dimension(GUI_HBoxLayout::New());
-    layout->addToChildren(*dimension, 0, 0);
-    if (mShowDim) {
-        associate(mLabelDim,
-                  GUI_DimensionBox::add(*this, *dimension, COMPO_SB_DIM, translate("Dimension")));
-    }
-    const COM_Scoped table(GUI_Table::New(this, COMPO_TABLE));
-    layout->addToComponents(*table, 1, 0);
-    setValuesLabel(translate("Values"));
 }
 
 template <typename T>
@@ -78,10 +56,7 @@ template <typename T>
 void GUI_VectorPanel<T>::resetVector()
 {
     dissociate(mVector);
-    if (GUI_Table* const table = getTable()) {
-        const GUI_Display display(*this);
-        table->setRowsNumber(0);
-    }
+    resetTable();
 }
 
 template <typename T>
@@ -116,34 +91,6 @@ void GUI_VectorPanel<T>::updateLine()
 }
 
 template <typename T>
-void GUI_VectorPanel<T>::updateValues()
-{
-    const COM_Guard guard(*this);
-    updateTable();
-    updateLine();
-    GUI_FramePanel::updateValues();
-}
-
-template <typename T>
-void GUI_VectorPanel<T>::componentClicked(GUI_ActionComponent& component)
-{
-    const COM_Guard guard(*this);
-    switch (component.getFlagId()) {
-    case COMPO_TABLE:
-        if (auto* const table = dynamic_cast<GUI_Table*>(&component)) {
-            edit(*table);
-        }
-        break;
-    case COMPO_SB_DIM:
-        resize();
-        break;
-    default:
-        GUI_UnknownAction::print(component);
-    }
-    updateValues();
-}
-
-template <typename T>
 void GUI_VectorPanel<T>::edit(GUI_Table& table)
 {
     const int row = table.getRow();
@@ -169,9 +116,7 @@ void GUI_VectorPanel<T>::resize()
 template <typename T>
 void GUI_VectorPanel<T>::setDimensionLabel(const std::string& label)
 {
-    if (mLabelDim != nullptr) {
-        mLabelDim->setLabel(label);
-    }
+    GUI_TablePanel::setDimensionLabel(COMPO_SB_DIM, label);
 }
 
 template <typename T>
@@ -181,22 +126,6 @@ void GUI_VectorPanel<T>::setValuesLabel(const std::string& label)
         table->setColumnLabel(0, label);
         GUI_TableFit::fitColumn(*table, 0, {});
     }
-}
-
-template <typename T>
-void GUI_VectorPanel<T>::setColumnsResizabled(bool flag)
-{
-    if (GUI_Table* const table = getTable()) {
-        table->setColumnsResizabled(flag);
-    }
-}
-
-template <typename T>
-GUI_Table* GUI_VectorPanel<T>::getTable() const
-{
-    return getMainLayout() != nullptr
-               ? dynamic_cast<GUI_Table*>(getMainLayout()->getComponent(COMPO_TABLE))
-               : nullptr;
 }
 
 template class GUI_VectorPanel<double>;

@@ -1,12 +1,9 @@
 #pragma once
-#include "gui/GUI_FramePanel.h"
+#include "gui/GUI_TablePanel.h"
 #include "linearAlgebra/LA_Vector.h"
 
 #include <complex>
 #include <string>
-
-class GUI_Label;
-class GUI_Table;
 
 /// A form for a vector of double or complex double: a table of one column and, above it, a box for the
 /// dimension.
@@ -14,15 +11,11 @@ class GUI_Table;
 /// Cells show seven digits, the vector has all of them: a value is written only when its text has been
 /// changed. Every change ends with `updateValues`.
 template <typename T>
-class GUI_VectorPanel : public GUI_FramePanel
+class GUI_VectorPanel : public GUI_TablePanel
 {
     COM_CLASS(GUI_VectorPanel)
 public:
-    static constexpr unsigned char COMPO_TABLE = 0;
     static constexpr unsigned char COMPO_SB_DIM = 1;
-
-    void updateValues() override;
-    void componentClicked(GUI_ActionComponent& component) override;
 
     void setVector(LA_Vector<T>& vector) { setVector(&vector); }
     /// Edits this vector from now on. Null is `resetVector`.
@@ -31,8 +24,7 @@ public:
     void resetVector();
     LA_Vector<T>* getVector() const { return mVector; }
 
-    /// Shows the values.
-    void updateTable();
+    void updateTable() override;
     /// Shows the dimension.
     void updateLine();
 
@@ -40,10 +32,6 @@ public:
     void setDimensionLabel(const std::string& label);
     /// The title of the column.
     void setValuesLabel(const std::string& label);
-    /// Whether the user can change the width of the column; not at first.
-    void setColumnsResizabled(bool flag);
-
-    GUI_Table* getTable() const;
 
 protected:
     explicit GUI_VectorPanel(GUI_ParentPanel* parent, bool showDim = true);
@@ -53,13 +41,11 @@ protected:
     ~GUI_VectorPanel() override;
 
 private:
-    void initComponents();
-    void edit(GUI_Table& table);
-    void resize();
+    void showDimensions() override { updateLine(); }
+    void edit(GUI_Table& table) override;
+    void resize() override;
 
-    bool mShowDim = false;
     LA_Vector<T>* mVector = nullptr; ///< Counted; null: none to edit.
-    GUI_Label* mLabelDim = nullptr;  ///< Counted; null without a dimension box.
 };
 
 extern template class GUI_VectorPanel<double>;

@@ -111,16 +111,7 @@ public:
         }
     }
     /// The captions of the windows opened from the forms.
-    std::vector<std::string> details() const
-    {
-        const COM_Scoped windows(COM_Array<GUI_ChildWindow>::New());
-        mWindow->getChildren(*windows);
-        std::vector<std::string> names;
-        for (unsigned long i = 0; i < windows->size(); ++i) {
-            names.push_back((*windows)[i].getName());
-        }
-        return names;
-    }
+    std::vector<std::string> details() const { return TestMainWindow::childrenOf(*mWindow); }
     /// The window opened first from the forms. Requires: there is one.
     GUI_ChildWindow& detail() const
     {

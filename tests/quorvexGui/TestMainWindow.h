@@ -93,17 +93,19 @@ public:
     {
         return *mWindow->getMenu()->getMenu(menu)->getAction(index);
     }
-    /// The captions of the child windows, in the order of their making.
-    std::vector<std::string> children() const
+    /// The captions of a window's child windows, in the order of their making.
+    static std::vector<std::string> childrenOf(GUI_ParentWindow& window)
     {
         const COM_Scoped windows(COM_Array<GUI_ChildWindow>::New());
-        mWindow->getChildren(*windows);
+        window.getChildren(*windows);
         std::vector<std::string> names;
         for (unsigned long i = 0; i < windows->size(); ++i) {
             names.push_back((*windows)[i].getName());
         }
         return names;
     }
+    /// Those of the main window.
+    std::vector<std::string> children() const { return childrenOf(*mWindow); }
 
     /// A file's text with every identity number as "#".
     static std::string withoutIdentities(const std::string& text)

@@ -1,11 +1,25 @@
 #include "gui/GUI_CheckBox.h"
-
+#include "gui/GUI_RadioButton.h"
 #include "support/TestPanel.h"
 
-TEST(GUI_CheckBox, ReportsEachClickOnce)
+#include <type_traits>
+
+/// What holds for the switches of either look.
+template <typename Switch>
+class SwitchOf : public testing::Test
+{
+protected:
+    static constexpr const char* NAME =
+        std::is_same_v<Switch, GUI_CheckBox> ? "GUI_CheckBox" : "GUI_RadioButton";
+};
+
+using Looks = testing::Types<GUI_CheckBox, GUI_RadioButton>;
+TYPED_TEST_SUITE(SwitchOf, Looks);
+
+TYPED_TEST(SwitchOf, ReportsEachClickOnce)
 {
     const TestForm form;
-    auto& box = form.add<GUI_CheckBox>(9);
+    auto& box = form.template add<TypeParam>(9);
     form.show();
 
     QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2));
@@ -14,13 +28,13 @@ TEST(GUI_CheckBox, ReportsEachClickOnce)
 
     EXPECT_EQ(form->mFlags, (std::vector<int>{9, 9, 9}));
     EXPECT_EQ(form->mValues, (std::vector<std::string>{"1", "0", "1"}));
-    EXPECT_TRUE(box.instanceOf("GUI_CheckBox"));
+    EXPECT_TRUE(box.instanceOf(TestFixture::NAME));
 }
 
-TEST(GUI_CheckBox, IsOnForEveryNumberButZero)
+TYPED_TEST(SwitchOf, IsOnForEveryNumberButZero)
 {
     const TestForm form;
-    auto& box = form.add<GUI_CheckBox>();
+    auto& box = form.template add<TypeParam>();
     EXPECT_EQ(box.getValue(), "0");
     for (const std::string on : {"1", "-1", "17", " 2x"}) {
         box.setValue("0");
@@ -35,10 +49,10 @@ TEST(GUI_CheckBox, IsOnForEveryNumberButZero)
     EXPECT_TRUE(form->mFlags.empty());
 }
 
-TEST(GUI_CheckBox, HasALabelAndAToolTipWithoutItsMark)
+TYPED_TEST(SwitchOf, HasALabelAndAToolTipWithoutItsMark)
 {
     const COM_Scoped panel(TestPanel::New());
-    const COM_Scoped box(GUI_CheckBox::New(panel.get()));
+    const COM_Scoped box(TypeParam::New(panel.get()));
     EXPECT_EQ(box->text().toStdString(), "");
     box->setLabel("Show &Ex");
     EXPECT_EQ(box->text().toStdString(), "Show &Ex");
