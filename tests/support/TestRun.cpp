@@ -5,17 +5,39 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
+#include <string>
 #include <unistd.h>
 
 namespace {
 
-pid_t tester = 0; ///< The process that runs the tests; 0 when they have run.
+pid_t tester = 0;          ///< The process that runs the tests; 0 when they have run.
+std::string temporaryRoot; ///< Removed when the tests have run. Empty: none.
 
 void failUnlessFinished()
 {
     if (getpid() == tester) {
         std::fprintf(stderr, "the process was ended from inside a test\n");
         std::_Exit(EXIT_FAILURE);
+    }
+}
+
+/// The directory in which this run and the processes that it starts make their temporary files: those of a
+/// process that ends in the middle of a test would stay otherwise.
+void makeTemporaryRoot()
+{
+    std::string name = (std::filesystem::temp_directory_path() / "quorvex-test-XXXXXX").string();
+    if (mkdtemp(name.data()) != nullptr) {
+        temporaryRoot = name;
+        setenv("TMPDIR", name.c_str(), 1);
+    }
+}
+
+void removeTemporaryRoot()
+{
+    std::error_code ignored;
+    if (!temporaryRoot.empty()) {
+        std::filesystem::remove_all(temporaryRoot, ignored);
     }
 }
 
@@ -37,6 +59,7 @@ TestRun::TestRun(int& argc, char** argv)
     if (!isDeathTest(argc, argv)) {
         tester = getpid();
         std::atexit(failUnlessFinished);
+        makeTemporaryRoot();
     }
     // Tests that end the process start a fresh copy of the program, so that no thread of the parent matters.
     GTEST_FLAG_SET(death_test_style, "threadsafe");
@@ -47,5 +70,6 @@ int TestRun::run()
 {
     const int result = RUN_ALL_TESTS();
     tester = 0;
+    removeTemporaryRoot();
     return result;
 }
