@@ -23,7 +23,7 @@ public:
         GUI_Action::ICONS_PATH = mIconsPath;
         GUI_Component::ICONS_PATH = mIconsPath;
         GUI_Object::setFontName(mFontName);
-        printedBy([this] { application().loadPreferences(""); });
+        printedBy([] { application().loadPreferences(""); });
         GUI_Object::setDictionaryFile(mWholeDictionaryFile);
         GUI_Object::setLang(mLang);
     }
