@@ -3,12 +3,14 @@
 #include "gui/GUI_ParentWindow.h"
 #include "gui/GUI_Table.h"
 
+#include <QFontMetricsF>
 #include <QHeaderView>
 #include <QLayout>
 #include <QScreen>
 #include <QStyle>
 
 #include <algorithm>
+#include <cmath>
 
 void GUI_TableFit::fitColumn(GUI_Table& table, int column, const std::string& longest)
 {
@@ -17,8 +19,11 @@ void GUI_TableFit::fitColumn(GUI_Table& table, int column, const std::string& lo
     const int margin =
         table.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &table) + 1;
     const int grid = 1;
-    const int width = std::max(table.fontMetrics().horizontalAdvance(text) + 2 * margin + grid,
-                               table.horizontalHeader()->sectionSizeHint(column));
+    // A text that lacks a fraction of a pixel is cut by a whole character.
+    const int advance =
+        static_cast<int>(std::ceil(QFontMetricsF(table.font()).horizontalAdvance(text))) + 1;
+    const int width =
+        std::max(advance + 2 * margin + grid, table.horizontalHeader()->sectionSizeHint(column));
     if (table.columnWidth(column) < width) {
         table.setColumnWidth(column, width);
     }

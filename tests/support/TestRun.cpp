@@ -29,6 +29,9 @@ void makeTemporaryRoot()
     std::string name = (std::filesystem::temp_directory_path() / "quorvex-test-XXXXXX").string();
     if (mkdtemp(name.data()) != nullptr) {
         temporaryRoot = name;
+        // Some tests go on as another user.
+        std::filesystem::permissions(name, std::filesystem::perms::others_exec,
+                                     std::filesystem::perm_options::add);
         setenv("TMPDIR", name.c_str(), 1);
     }
 }
