@@ -9,7 +9,7 @@ class GUI_ActionComponent : public GUI_Component
 {
 public:
     virtual void setEnabled(bool flag) = 0;
-    /// Shows `value`. Spin boxes, lists and tables report this like an act of the user.
+    /// Shows `value`. Spin boxes and lists report this like an act of the user.
     virtual void setValue(const std::string& value) = 0;
     virtual std::string getValue() const = 0;
     /// Reports: to the panel of the layout first, unless the panel displays, then to the tool bar. What the

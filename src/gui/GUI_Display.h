@@ -6,9 +6,8 @@ class GUI_ParentPanel;
 /// Stands at the head of every function in which a panel shows the model: while it lives, the panel's
 /// `componentClicked` is not called.
 ///
-/// Spin boxes, lists and tables send the user's signals when code sets them. Without this, showing a
-/// matrix of 3 x 3 in a form whose boxes stand at 1 and 1 would cut the matrix as soon as the first box
-/// is set.
+/// Spin boxes and lists send the user's signals when code sets them. Without this, showing a matrix of 3 x 3
+/// in a form whose boxes stand at 1 and 1 would cut the matrix as soon as the first box is set.
 class GUI_Display
 {
 public:
