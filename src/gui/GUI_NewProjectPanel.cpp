@@ -14,11 +14,10 @@
 #include "gui/GUI_NewProjectWindow.h"
 #include "gui/GUI_RootGridLayout.h"
 #include "gui/GUI_RootWindow.h"
+#include "gui/GUI_UnknownAction.h"
 
 #include <QDir>
 #include <QShortcut>
-
-#include <iostream>
 
 namespace {
 
@@ -116,8 +115,7 @@ void GUI_NewProjectPanel::componentClicked(GUI_ActionComponent& component)
         cancel();
         break;
     default:
-        std::cout << "action unknown !" << static_cast<int>(component.getFlagId()) << "\n";
-        break;
+        GUI_UnknownAction::print(component);
     }
 }
 

@@ -15,11 +15,10 @@
 #include "gui/GUI_LineEdit.h"
 #include "gui/GUI_RootGridLayout.h"
 #include "gui/GUI_RootWindow.h"
+#include "gui/GUI_UnknownAction.h"
 
 #include <QFont>
 #include <QFontDialog>
-
-#include <iostream>
 
 namespace {
 
@@ -148,8 +147,7 @@ void GUI_PreferencesRootPanel::componentClicked(GUI_ActionComponent& component)
         setTyped(component.getFlagId(), component.getValue());
         break;
     default:
-        std::cout << "action unknown !" << static_cast<int>(component.getFlagId()) << "\n";
-        break;
+        GUI_UnknownAction::print(component);
     }
 }
 
