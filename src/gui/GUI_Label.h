@@ -11,6 +11,9 @@ class GUI_Label : public QLabel, public GUI_Component
     Q_OBJECT
     COM_CLASS(GUI_Label)
 public:
+    /// Flag for labels of panels whose fields are looked up by flag, where the usual 0 may be a field's.
+    static constexpr unsigned char NO_FIELD = 255;
+
     /// Shows the text, makes it the tool tip without its first "&", and takes the size that it needs.
     void setLabel(const std::string& label);
     void setTooltipText(const std::string& text);

@@ -19,12 +19,6 @@
 #include <QDir>
 #include <QShortcut>
 
-namespace {
-
-constexpr unsigned char noField = 255; ///< Flag of the labels; that of no field or button.
-
-} // namespace
-
 GUI_NewProjectPanel::GUI_NewProjectPanel(GUI_NewProjectWindow& window)
     : GUI_RootPanel(window)
 {
@@ -48,7 +42,7 @@ void GUI_NewProjectPanel::initComponents()
     const COM_Scoped ok(GUI_Button::New(*this, COMPO_OK));
     const auto addField = [this, &fields, &ok](int row, const std::string& text,
                                                unsigned char flag) {
-        const COM_Scoped label(GUI_Label::New(*this, noField));
+        const COM_Scoped label(GUI_Label::New(*this, GUI_Label::NO_FIELD));
         const COM_Scoped field(GUI_LineEdit::New(*this, flag));
         label->setLabel(text);
         label->setBuddy(field.get());

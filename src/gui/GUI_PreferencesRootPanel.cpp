@@ -31,8 +31,6 @@ struct Row
 
 using Panel = GUI_PreferencesRootPanel;
 
-constexpr unsigned char noField = 255; ///< Flag of the labels; that of no field or button.
-
 constexpr Row ROWS[] = {
     {"Dictionary Path", Panel::COMPO_DICO_PATH_LE, Panel::COMPO_DICO_PATH_BUT},
     {"Document Path", Panel::COMPO_DOCU_PATH_LE, Panel::COMPO_DOCU_PATH_BUT},
@@ -65,7 +63,7 @@ void GUI_PreferencesRootPanel::initComponents()
     layout->setRowStretch(1, 1);
 
     const auto addLabel = [this, &fields](int row, const std::string& text, QWidget& buddy) {
-        const COM_Scoped label(GUI_Label::New(*this, noField));
+        const COM_Scoped label(GUI_Label::New(*this, GUI_Label::NO_FIELD));
         label->setLabel(text);
         label->setBuddy(&buddy);
         fields->addToComponents(*label, row, 0);

@@ -74,7 +74,7 @@ void QVG_FormPanel::build(const std::string& title, std::span<const Row> rows,
 void QVG_FormPanel::addRow(GUI_GridLayout& grid, int number, const Row& row)
 {
     const std::string text = translate(row.mLabel);
-    const COM_Scoped label(GUI_Label::New(*this, NO_FIELD));
+    const COM_Scoped label(GUI_Label::New(*this, GUI_Label::NO_FIELD));
     label->setLabel(row.mBefore + text + row.mAfter);
     label->setTooltipText(text);
     grid.addToComponents(*label, number, 0);
@@ -86,7 +86,7 @@ void QVG_FormPanel::addRow(GUI_GridLayout& grid, int number, const Row& row)
     label->setBuddy(field->qtWidget());
     grid.addToComponents(*field, number, 1);
 
-    const COM_Scoped unit(GUI_Label::New(*this, NO_FIELD));
+    const COM_Scoped unit(GUI_Label::New(*this, GUI_Label::NO_FIELD));
     unit->setLabel(row.mUnit);
     grid.addToComponents(*unit, number, 2);
 }

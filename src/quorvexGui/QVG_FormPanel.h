@@ -35,9 +35,6 @@ public:
     void setLabelsWidth(int width);
 
 protected:
-    /// Flag of what is only read. Fields are looked up by their flags, and some of these are 0.
-    static constexpr unsigned char NO_FIELD = 255;
-
     enum Kind { LINE_EDIT, SPIN_BOX, COMBO_BOX, BUTTON };
 
     /// A row of a form. All texts but the unit are keys of the dictionary.

@@ -50,7 +50,7 @@ QVG_PhysicalDataMaxwellPanel::QVG_PhysicalDataMaxwellPanel(GUI_ParentPanel& pare
 void QVG_PhysicalDataMaxwellPanel::addEnds(GUI_HBoxLayout& row)
 {
     const auto addLabel = [this, &row](const std::string& text) {
-        const COM_Scoped label(GUI_Label::New(*this, NO_FIELD));
+        const COM_Scoped label(GUI_Label::New(*this, GUI_Label::NO_FIELD));
         label->setLabel(text);
         row.addToComponents(*label);
     };
