@@ -28,8 +28,9 @@ void GUI_ListPanel::initComponents()
 {
     setLabel(translate("Items List"));
     const COM_Scoped layout(GUI_RootVBoxLayout::New(*this));
-    layout->setContentsMargins(11, 11, 11, 11);
-    layout->setSpacing(6);
+    constexpr int margin = GUI_ParentLayout::MARGIN;
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(GUI_ParentLayout::SPACING);
     const COM_Scoped listBox(GUI_ListBox::New(this, COMPO_LIST));
     layout->addToComponents(*listBox);
     const COM_Scoped buttons(GUI_HBoxLayout::New());

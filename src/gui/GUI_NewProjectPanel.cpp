@@ -29,10 +29,8 @@ GUI_NewProjectPanel::GUI_NewProjectPanel(GUI_NewProjectWindow& window)
 
 void GUI_NewProjectPanel::initComponents()
 {
-    constexpr int margin = 11;
-    constexpr int spacing = 6;
-
-    const COM_Scoped layout(GUI_RootGridLayout::New(*this, 3, 1, margin, spacing));
+    const COM_Scoped layout(
+        GUI_RootGridLayout::New(*this, 3, 1, GUI_ParentLayout::MARGIN, GUI_ParentLayout::SPACING));
     const COM_Scoped fields(GUI_GridLayout::New(2, 3));
     const COM_Scoped buttons(GUI_HBoxLayout::New());
     layout->addToChildren(*fields, 0, 0);

@@ -16,6 +16,10 @@ class QLayout;
 class GUI_ParentLayout : public GUI_Object
 {
 public:
+    // Of all forms, in pixels.
+    static constexpr int MARGIN = 11;
+    static constexpr int SPACING = 6;
+
     /// Two-way link with `GUI_Component::setLayout` and `resetLayout`.
     virtual void removeFromComponents(GUI_Component& component);
     /// Null: nothing.

@@ -51,11 +51,10 @@ GUI_PreferencesRootPanel::GUI_PreferencesRootPanel(GUI_ParentWindow& window)
 
 void GUI_PreferencesRootPanel::initComponents()
 {
-    constexpr int margin = 11;
-    constexpr int spacing = 6;
     constexpr int rowsNumber = static_cast<int>(std::size(ROWS));
 
-    const COM_Scoped layout(GUI_RootGridLayout::New(*this, 3, 1, margin, spacing));
+    const COM_Scoped layout(
+        GUI_RootGridLayout::New(*this, 3, 1, GUI_ParentLayout::MARGIN, GUI_ParentLayout::SPACING));
     const COM_Scoped fields(GUI_GridLayout::New(rowsNumber + 1, 3));
     const COM_Scoped buttons(GUI_HBoxLayout::New());
     layout->addToChildren(*fields, 0, 0);

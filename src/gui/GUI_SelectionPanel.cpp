@@ -24,8 +24,9 @@ GUI_SelectionPanel::~GUI_SelectionPanel()
 void GUI_SelectionPanel::initComponents(bool showAdd, bool showDelete)
 {
     const COM_Scoped layout(GUI_RootHBoxLayout::New(*this));
-    layout->setContentsMargins(11, 11, 11, 11);
-    layout->setSpacing(6);
+    constexpr int margin = GUI_ParentLayout::MARGIN;
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(GUI_ParentLayout::SPACING);
     const COM_Scoped listPanel(GUI_ListPanel::New(this, showAdd, showDelete));
     layout->addPanel(*listPanel);
     if (const COM_Scoped itemPanel(NewItemPanel()); itemPanel) {

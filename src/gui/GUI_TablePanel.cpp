@@ -24,7 +24,8 @@ GUI_TablePanel::~GUI_TablePanel()
 
 void GUI_TablePanel::initTable(const std::vector<std::string>& dimensions)
 {
-    const COM_Scoped layout(GUI_RootGridLayout::New(*this, 2, 2, 11, 6));
+    const COM_Scoped layout(
+        GUI_RootGridLayout::New(*this, 2, 2, GUI_ParentLayout::MARGIN, GUI_ParentLayout::SPACING));
     const COM_Scoped row(GUI_HBoxLayout::New());
     layout->addToChildren(*row, 0, 0);
     mDimensions = dimensions.size();

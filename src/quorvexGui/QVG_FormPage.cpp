@@ -8,10 +8,9 @@
 
 void QVG_FormPage::arrange(GUI_ParentPanel& page, const std::array<QVG_FormPanel*, 3>& forms)
 {
-    constexpr int margin = 11;
-    constexpr int spacing = 6;
     constexpr int rows = 3;
-    const COM_Scoped layout(GUI_RootGridLayout::New(page, rows, 1, margin, spacing));
+    const COM_Scoped layout(GUI_RootGridLayout::New(page, rows, 1, GUI_ParentLayout::MARGIN,
+                                                    GUI_ParentLayout::SPACING));
     int width = 0;
     for (const QVG_FormPanel* const form : forms) {
         width = std::max(width, form->getLabelsWidth());

@@ -27,8 +27,8 @@
 
 namespace {
 
-constexpr int margin = 11;
-constexpr int spacing = 6;
+constexpr int margin = GUI_ParentLayout::MARGIN;
+constexpr int spacing = GUI_ParentLayout::SPACING;
 constexpr int rowSpacing = 3; // so that all forms of a page fit on a screen of 768 lines
 constexpr const char* longestNumber = "-1.234567e-100";
 
