@@ -2,6 +2,7 @@
 
 #include "common/COM_Guard.h"
 #include "common/COM_Scoped.h"
+#include "dictionary/DICO_Dictionary.h"
 #include "gui/GUI_Action.h"
 #include "gui/GUI_BaseDirectory.h"
 #include "gui/GUI_ClassFactory.h"
@@ -178,16 +179,21 @@ void GUI_Application::loadFromMetaClass(const MM_Class& metaClass)
     GUI_Component::ICONS_PATH = GUI_Action::ICONS_PATH;
     setLang(lang);
     if (!dictionary.empty()) {
-        DICTIONARY_FILE = dictionary;
-        const bool isPath = dictionary.find('/') != std::string::npos;
-        setDictionaryFile(isPath ? dictionary : TRANSLATOR_PATH + dictionary);
+        chooseDictionary(dictionary);
     }
     updateTranslator();
 }
 
+void GUI_Application::chooseDictionary(const std::string& file)
+{
+    DICTIONARY_FILE = file;
+    const bool isPath = file.find('/') != std::string::npos;
+    setDictionaryFile(isPath ? file : TRANSLATOR_PATH + file);
+}
+
 void GUI_Application::updateTranslator()
 {
-    const bool isFrench = getLang() == 1;
+    const bool isFrench = getLang() == DICO_Dictionary::LANG_FR;
     delete mTranslator;
     mTranslator = new QTranslator;
     const std::string file = TRANSLATOR_FILE + (isFrench ? "fr" : "") + ".qm";

@@ -60,6 +60,9 @@ public:
     void savePreferences(const std::string& file) const;
     const std::string& getPreferencesFile() const { return mPreferencesFile; }
 
+    /// Loads the words of a dictionary: a path, or a name in `TRANSLATOR_PATH`.
+    static void chooseDictionary(const std::string& file);
+
     /// Installs Qt's own texts in the language of the dictionary.
     void updateTranslator();
     /// Shows the text about the program. Without its file the box is empty.

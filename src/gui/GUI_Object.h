@@ -17,7 +17,7 @@ class GUI_Object : public virtual COM_Object
 {
 public:
     static void setLang(unsigned char lang);
-    /// The language of the visible texts; 0 without dictionary.
+    /// The language of the visible texts; English without dictionary.
     static unsigned char getLang();
     /// Keeps the path and loads the words of that file; words that cannot be loaded leave the present ones.
     static void setDictionaryFile(const std::string& file);
@@ -48,6 +48,6 @@ protected:
 private:
     friend class GUI_Grave;
 
-    /// The shared words, made before `main` with the language 1. Null before that.
+    /// The shared words, made before `main`, in French. Null before that.
     static DICO_Dictionary* mDictionary;
 };

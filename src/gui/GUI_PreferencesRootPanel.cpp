@@ -2,6 +2,7 @@
 
 #include "common/COM_Integer.h"
 #include "common/COM_Scoped.h"
+#include "dictionary/DICO_Dictionary.h"
 #include "gui/GUI_Action.h"
 #include "gui/GUI_Application.h"
 #include "gui/GUI_Button.h"
@@ -193,7 +194,8 @@ void GUI_PreferencesRootPanel::setFont()
 
 void GUI_PreferencesRootPanel::setLang(const std::string& value)
 {
-    GUI_Object::setLang(COM_Integer::parseInt(value) != 0 ? 1 : 0);
+    const bool isFrench = COM_Integer::parseInt(value) != 0;
+    GUI_Object::setLang(isFrench ? DICO_Dictionary::LANG_FR : DICO_Dictionary::LANG_EN);
 }
 
 void GUI_PreferencesRootPanel::setTyped(unsigned char field, const std::string& text)
@@ -215,7 +217,7 @@ void GUI_PreferencesRootPanel::store(unsigned char field, const std::string& tex
     const std::string path = text.ends_with('/') ? text : text + "/";
     switch (field) {
     case COMPO_DICO_PATH_LE:
-        storeDictionary(text);
+        GUI_Application::chooseDictionary(text);
         break;
     case COMPO_DOCU_PATH_LE:
         GUI_Application::DOC_PATH = path;
@@ -231,14 +233,6 @@ void GUI_PreferencesRootPanel::store(unsigned char field, const std::string& tex
         storeFont(text);
         break;
     }
-}
-
-void GUI_PreferencesRootPanel::storeDictionary(const std::string& file)
-{
-    // A bare name stands for a file beside the shipped one, as it does in the preferences file.
-    const bool isPath = file.find('/') != std::string::npos;
-    GUI_Application::DICTIONARY_FILE = file;
-    setDictionaryFile(isPath ? file : GUI_Application::TRANSLATOR_PATH + file);
 }
 
 void GUI_PreferencesRootPanel::storeFont(const std::string& text)

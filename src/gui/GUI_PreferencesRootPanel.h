@@ -48,7 +48,6 @@ private:
     /// Stores what was chosen for a field, and shows it. An empty text changes nothing.
     void setChosen(unsigned char field, const std::string& text);
     static void store(unsigned char field, const std::string& text);
-    static void storeDictionary(const std::string& file);
     static void storeFont(const std::string& text);
     /// The stored value of a field as it is shown.
     static std::string getStored(unsigned char field);
