@@ -35,7 +35,7 @@ QString entry(const char* key, const QString& value)
 /// A whole number, also a large one, in full as long as that is shorter.
 QString count(double value)
 {
-    return std::isfinite(value) ? number(value, 7) : word("not finite");
+    return quantity(value, {}, 7);
 }
 
 QString withNote(const QString& value, double noteValue, const QString& note)
