@@ -84,9 +84,7 @@ void GUI_ParentMenu::resetChildren()
 {
     // One removal may take away several.
     for (unsigned long i = mChildren->size(); i-- > 0;) {
-        if (i < mChildren->size()) {
-            removeFromChildren((*mChildren)[i]);
-        }
+        removeFromChildren(static_cast<int>(i));
     }
 }
 
@@ -182,9 +180,7 @@ void GUI_ParentMenu::removeFromActions(int index)
 void GUI_ParentMenu::resetActions()
 {
     for (unsigned long i = mActions->size(); i-- > 0;) {
-        if (i < mActions->size()) {
-            removeFromActions((*mActions)[i]);
-        }
+        removeFromActions(static_cast<int>(i));
     }
 }
 

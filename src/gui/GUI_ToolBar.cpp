@@ -57,7 +57,7 @@ void GUI_ToolBar::addToComponents(GUI_Component& component)
         mComponents->put(flag, component);
         component.setTool(*this);
     }
-    auto* const widget = dynamic_cast<QWidget*>(&component);
+    auto* const widget = component.qtWidget();
     if (getComponent(flag) != &component || widget == nullptr || mPlaces.contains(&component)) {
         return;
     }
@@ -81,7 +81,7 @@ void GUI_ToolBar::removeFromComponents(GUI_Component& component)
     }
     const auto place = mPlaces.find(&component);
     if (place != mPlaces.end()) {
-        GUI_Grave::detach(dynamic_cast<QWidget&>(component));
+        GUI_Grave::detach(*component.qtWidget());
         removeAction(place->second);
         place->second->deleteLater();
         mPlaces.erase(place);
