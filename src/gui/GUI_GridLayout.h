@@ -4,7 +4,7 @@
 
 #include <QGridLayout>
 
-/// A nested table.
+/// A grid nested in another layout.
 class GUI_GridLayout : public GUI_LayoutOf<QGridLayout, GUI_ChildLayout>
 {
     COM_CLASS(GUI_GridLayout)

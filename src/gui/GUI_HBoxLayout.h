@@ -4,7 +4,7 @@
 
 #include <QHBoxLayout>
 
-/// A nested row.
+/// A row nested in another layout.
 class GUI_HBoxLayout : public GUI_LayoutOf<QHBoxLayout, GUI_ChildLayout>
 {
     COM_CLASS(GUI_HBoxLayout)

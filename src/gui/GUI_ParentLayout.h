@@ -61,8 +61,8 @@ protected:
 private:
     void updateFlagId() const;
 
-    COM_Map<unsigned long, GUI_Component>*
-        mComponents; ///< By identity number. Counted, never null.
+    /// By identity number. Counted, never null.
+    COM_Map<unsigned long, GUI_Component>* mComponents;
     /// The same by flag, as a cache: flags may change, so a flag that is missing here has it rebuilt, and
     /// every removal empties it. Counted, never null.
     COM_Map<unsigned char, GUI_Component>* mFlagComponents;

@@ -65,7 +65,6 @@ private:
 
     COM_Array<GUI_ChildMenu>* mChildren; ///< Counted, never null.
     COM_Array<GUI_Action>* mActions;     ///< In the order of adding. Counted, never null.
-    std::map<const GUI_Action*, QAction*>
-        mItems; ///< What stands in the menu for an action that was
-                ///< added at a position. Owned by Qt.
+    /// What stands in the menu for an action that was added at a position. Owned by Qt.
+    std::map<const GUI_Action*, QAction*> mItems;
 };

@@ -140,8 +140,8 @@ private:
 
     mutable std::string mSavingFile = "save.txt"; ///< Empty: nothing to ask about when closing.
     mutable std::string mSavingPath;              ///< With a slash at its end, or empty.
-    COM_Map<unsigned long, GUI_ChildWindow>*
-        mChildren;                       ///< By identity number. Counted, never null.
+    /// By identity number. Counted, never null.
+    COM_Map<unsigned long, GUI_ChildWindow>* mChildren;
     GUI_Workspace* mWorkspace = nullptr; ///< Counted; null if the window is no container.
     GUI_MenuPanel* mMenu = nullptr;      ///< Counted.
     GUI_RootPanel* mPanel = nullptr;     ///< Counted.

@@ -4,7 +4,7 @@
 
 #include <QGridLayout>
 
-/// The main layout of a panel, a table.
+/// The main layout of a panel, a grid.
 class GUI_RootGridLayout : public GUI_LayoutOf<QGridLayout, GUI_RootLayout>
 {
     COM_CLASS(GUI_RootGridLayout)

@@ -9,7 +9,6 @@ public:
     static constexpr unsigned char ABOUT_TYPE = 0;
     static constexpr unsigned char MANUAL_TYPE = 1;
 
-public:
     void toDo() override;
 
 protected:

@@ -107,6 +107,6 @@ private:
     Model findModel();
     void show(unsigned char flag, const std::string& value);
 
-    GUI_GridLayout* mGrid =
-        nullptr; ///< Of the rows; borrowed from the main layout, null before `build`.
+    /// Of the rows; borrowed from the main layout, null before `build`.
+    GUI_GridLayout* mGrid = nullptr;
 };

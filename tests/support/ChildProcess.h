@@ -3,8 +3,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-constexpr unsigned childPatience =
-    100; ///< Seconds: only what hangs takes that long, however busy the machine is.
+/// Seconds: only what hangs takes that long, however busy the machine is.
+constexpr unsigned childPatience = 100;
 
 /// Starts `action` in a process of its own, which ends with what it returns, or by the alarm after `patience`
 /// seconds. For what would change this process for good, or might never end.
