@@ -1,7 +1,7 @@
 #pragma once
 #include "gui/GUI_RootAction.h"
 
-/// Opens the description of the project, a text of the user.
+/// The description of the project, a text of the user. Its editor is not in this build, and the user is told so.
 class QVG_ActionEditProject : public GUI_RootAction
 {
     COM_CLASS(QVG_ActionEditProject)

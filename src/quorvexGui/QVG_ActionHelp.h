@@ -1,7 +1,7 @@
 #pragma once
 #include "gui/GUI_RootAction.h"
 
-/// Shows the manual, or what the program is.
+/// Tells what the program is. For the manual there is no window in this build, and the user is told so.
 class QVG_ActionHelp : public GUI_RootAction
 {
     COM_CLASS(QVG_ActionHelp)

@@ -1,7 +1,7 @@
 #pragma once
 #include "gui/GUI_RootAction.h"
 
-/// Opens the results of the last run.
+/// The results of the last run. The plotter is not in this build, and the user is told so.
 class QVG_ActionVisualize : public GUI_RootAction
 {
     COM_CLASS(QVG_ActionVisualize)

@@ -138,7 +138,7 @@ void QVG_MainWindow::save() const
     list.commit();
 }
 
-/// Texts are saved with the project. Plotter windows, with their lines of the list, join them here.
+/// Logs the windows and saves texts. The list of plotter windows stays empty: this build has no plotter.
 void QVG_MainWindow::saveWindows() const
 {
     const COM_Scoped windows(COM_Array<GUI_ChildWindow>::New());

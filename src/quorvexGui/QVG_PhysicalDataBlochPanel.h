@@ -3,7 +3,8 @@
 
 /// The atoms: how many, how warm, and how they relax. All of it is shared by all systems.
 ///
-/// The window of the equilibrium closes when the equilibrium has no effect any more.
+/// The window of the equilibrium closes when the equilibrium has no effect any more. Those of the frequencies
+/// and of the dipoles are not in this build.
 class QVG_PhysicalDataBlochPanel : public QVG_FormPanel
 {
     Q_OBJECT
