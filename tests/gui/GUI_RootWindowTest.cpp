@@ -4,6 +4,7 @@
 #include "gui/GUI_LineEdit.h"
 #include "gui/GUI_RootVBoxLayout.h"
 #include "support/Dialogs.h"
+#include "support/EnglishTexts.h"
 #include "support/Printed.h"
 #include "support/TestWindows.h"
 
@@ -72,13 +73,11 @@ protected:
 
     GUI_RootWindowQuestionTest()
     {
-        GUI_Object::setLang(0);
         const COM_Scoped panel(GUI_RootPanel::New(*mWindow));
         const COM_Scoped menu(GUI_MenuPanel::New(*mWindow));
         const COM_Scoped child(GUI_ChildWindow::New(*mWindow));
         mWindow->show();
     }
-    ~GUI_RootWindowQuestionTest() override { GUI_Object::setLang(mLang); }
 
     bool isUntouched() const
     {
@@ -92,7 +91,7 @@ protected:
                && mWindow->getPanel() == nullptr && mWindow->getReferenceCount() == 1;
     }
 
-    unsigned char mLang = GUI_Object::getLang();
+    const EnglishTexts mEnglish;
     COM_Scoped<Window> mWindow{Window::New()};
 };
 

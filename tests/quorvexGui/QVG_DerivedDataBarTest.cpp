@@ -1,8 +1,8 @@
 #include "quorvexGui/QVG_DerivedDataBar.h"
 
-#include "dictionary/DICO_Dictionary.h"
 #include "gui/GUI_Object.h"
 #include "quorvex/QV_DerivedData.h"
+#include "support/EnglishTexts.h"
 #include "support/TestProblem.h"
 
 #include <QCoreApplication>
@@ -17,9 +17,6 @@ namespace {
 class QVG_DerivedDataBarTest : public testing::Test
 {
 protected:
-    QVG_DerivedDataBarTest() { GUI_Object::setLang(DICO_Dictionary::LANG_EN); }
-    ~QVG_DerivedDataBarTest() override { GUI_Object::setLang(DICO_Dictionary::LANG_FR); }
-
     void show(int width)
     {
         mBar.setData(QV_DerivedData(*mProblem));
@@ -33,6 +30,7 @@ protected:
     }
     std::string all() const { return mBar.toolTip().toStdString(); }
 
+    EnglishTexts mEnglish;
     TestProblem mProblem;
     QVG_DerivedDataBar mBar;
 };

@@ -1,7 +1,6 @@
 #pragma once
 #include "common/COM_Array.h"
 #include "common/COM_Scoped.h"
-#include "dictionary/DICO_Dictionary.h"
 #include "gui/GUI_Application.h"
 #include "gui/GUI_ChildWindow.h"
 #include "gui/GUI_Grave.h"
@@ -13,6 +12,7 @@
 #include "quorvex/QV_Problem.h"
 #include "quorvexGui/QVG_MainMenu.h"
 #include "quorvexGui/QVG_MainWindow.h"
+#include "support/EnglishTexts.h"
 #include "support/Printed.h"
 #include "support/TestDirectory.h"
 #include "support/WorkingDirectory.h"
@@ -30,7 +30,6 @@ class TestMainWindow
 public:
     TestMainWindow()
     {
-        GUI_Object::setLang(DICO_Dictionary::LANG_EN);
         mWindow = QVG_MainWindow::New("Main", false);
         application().setMainWindow(mWindow);
     }
@@ -42,7 +41,6 @@ public:
         QCoreApplication::processEvents();
         GUI_Grave::flush();
         QV_Bloch::resetShared();
-        GUI_Object::setLang(DICO_Dictionary::LANG_FR);
     }
     TestMainWindow(const TestMainWindow&) = delete;
     TestMainWindow& operator=(const TestMainWindow&) = delete;
@@ -114,6 +112,7 @@ public:
     }
 
 private:
+    EnglishTexts mEnglish;
     TestDirectory mDirectory;
     WorkingDirectory mWorkingDirectory{mDirectory.path()};
     QVG_MainWindow* mWindow; ///< Counted.

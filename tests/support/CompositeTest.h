@@ -1,10 +1,10 @@
 #pragma once
-#include "dictionary/DICO_Dictionary.h"
 #include "gui/GUI_Component.h"
 #include "gui/GUI_RootPanel.h"
 #include "gui/GUI_RootVBoxLayout.h"
 #include "gui/GUI_RootWindow.h"
 #include "gui/GUI_Table.h"
+#include "support/EnglishTexts.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -20,18 +20,15 @@ class CompositeTest : public testing::Test
 {
 protected:
     CompositeTest()
-        : mLang(GUI_Object::getLang())
-        , mWindow(GUI_RootWindow::New("Test"))
+        : mWindow(GUI_RootWindow::New("Test"))
         , mRoot(GUI_RootPanel::New(*mWindow))
     {
-        GUI_Object::setLang(DICO_Dictionary::LANG_EN);
         GUI_RootVBoxLayout::New(*mRoot)->Delete();
     }
     ~CompositeTest() override
     {
         mRoot->Delete();
         mWindow->Delete();
-        GUI_Object::setLang(mLang);
     }
 
     GUI_RootWindow& window() { return *mWindow; }
@@ -94,7 +91,7 @@ protected:
     }
 
 private:
-    unsigned char mLang;
+    const EnglishTexts mEnglish;
     GUI_RootWindow* mWindow;
     GUI_RootPanel* mRoot;
 };

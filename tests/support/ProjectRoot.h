@@ -4,6 +4,7 @@
 #include "gui/GUI_ChildWindow.h"
 #include "gui/GUI_RootMenu.h"
 #include "gui/GUI_RootWindow.h"
+#include "support/EnglishTexts.h"
 #include "support/TestWindows.h"
 
 #include <functional>
@@ -56,12 +57,7 @@ protected:
 class ProjectRoot
 {
 public:
-    ProjectRoot()
-    {
-        GUI_Object::setLang(0);
-        mWindow->show();
-    }
-    ~ProjectRoot() { GUI_Object::setLang(mFormerLang); }
+    ProjectRoot() { mWindow->show(); }
     ProjectRoot(const ProjectRoot&) = delete;
     ProjectRoot& operator=(const ProjectRoot&) = delete;
 
@@ -94,7 +90,7 @@ public:
     }
 
 private:
-    unsigned char mFormerLang = GUI_Object::getLang();
+    EnglishTexts mEnglish;
     COM_Scoped<ProjectRootWindow> mWindow{ProjectRootWindow::New()};
     COM_Scoped<TestMenuPanel> mMenuPanel{TestMenuPanel::New(*mWindow)};
     COM_Scoped<GUI_RootMenu> mMenu{GUI_RootMenu::New(*mMenuPanel, "Menu")};
