@@ -68,7 +68,7 @@ shoot 05-numerical.png
 
 echo "run"
 window "$main"
-click 125 45
+click 125 45     # the tool "Run"
 for _ in $(seq 100); do
     [ -z "$(shown 'Résolution Quorvex...')" ] || { progress=seen && break; }
     [ -z "$(shown 'Information!')" ] || break
@@ -117,7 +117,7 @@ gone 'Ouvrir un autre projet'
 window 'Paramètres'
 shoot 11-loaded.png
 window "$main"
-click 125 45
+click 125 45     # the tool "Run"
 window 'Information!'
 press Return
 gone 'Information!'

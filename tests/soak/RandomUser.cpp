@@ -10,21 +10,19 @@
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QAction>
-#include <QComboBox>
 #include <QDialog>
+#include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPointer>
-#include <QTabBar>
 #include <QTest>
 #include <QTimer>
 
 #include <algorithm>
-#include <array>
+#include <utility>
 
 namespace {
 

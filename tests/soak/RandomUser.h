@@ -2,12 +2,11 @@
 #include <QObject>
 
 #include <functional>
+#include <iterator>
 #include <random>
-#include <string>
 
 class QAbstractItemView;
 class QDialog;
-class QLineEdit;
 class QMenu;
 class QMessageBox;
 class QWidget;

@@ -10,6 +10,7 @@
 #include "support/TestDirectory.h"
 #include "support/WorkingDirectory.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -17,6 +18,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <new>
 #include <string>
 #include <sys/mman.h>
 #include <sys/wait.h>

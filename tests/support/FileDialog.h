@@ -1,6 +1,5 @@
 #pragma once
 #include <QFileDialog>
-#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
 

@@ -2,6 +2,7 @@
 #include "gui/GUI_Action.h"
 
 #include <functional>
+#include <string>
 
 /// An action that counts its calls and does what a test asks for.
 class TestAction : public GUI_Action
