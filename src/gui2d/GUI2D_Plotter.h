@@ -1,0 +1,80 @@
+#pragma once
+#include "gui2d/GUI2D_DrawPanel.h"
+
+#include <string>
+#include <vector>
+
+class GEO_Polygon;
+class GUI2D_Curve;
+class LA_RealVector;
+
+/// A panel that draws curves, with a line of subtitles above them and a column of legends at their right.
+class GUI2D_Plotter : public GUI2D_DrawPanel
+{
+    COM_CLASS(GUI2D_Plotter)
+public:
+    void loadFromMetaClass(const MM_Class& metaClass) override;
+    void saveToMetaClass(MM_Class& metaClass) const override;
+    void paintElements() override;
+    void paintElementsInPanels() override;
+    /// The extent of all curves, hidden ones included.
+    void computeBoundingBox(GEO_Box& box) const override;
+
+    /// Appends a curve through copies of the points and shows all curves, as a new view.
+    void addPlot(const LA_RealVector& x, const LA_RealVector& y, const std::string& name,
+                 bool shown, COM_Color& color);
+    void addPlot(const std::vector<double>& x, const std::vector<double>& y,
+                 const std::string& name, COM_Color& color);
+    COM_Array<GUI2D_Curve>& getCurves() const { return *mCurves; }
+    unsigned long getPlotsNumber() const;
+
+    // Over all curves.
+    unsigned long getMinPointsNumber() const { return mMinPointsNumber; }
+    unsigned long getMaxPointsNumber() const { return mMaxPointsNumber; }
+    double getMinDeltaX() const { return mMinDeltaX; }
+    double getMinDeltaY() const { return mMinDeltaY; }
+    double getMaxDeltaX() const { return mMaxDeltaX; }
+    double getMaxDeltaY() const { return mMaxDeltaY; }
+    double getMeanDeltaX() const { return mMeanDeltaX; }
+    double getMeanDeltaY() const { return mMeanDeltaY; }
+
+    void showLegends(bool flag) { mLegendsPrinted = flag; }
+    bool isLegendsPrinted() const { return mLegendsPrinted; }
+    void showSubTitles(bool flag) { mSubTitlesPrinted = flag; }
+    bool isSubTitlesPrinted() const { return mSubTitlesPrinted; }
+
+    /// Divides the Y values of each curve whose name contains `key`.
+    void curvesYNormalization(const std::string& key, double value);
+    /// Shows all curves, transformed, in a window of their own; see GUI2D_Transform.
+    void transform(bool isLogXTransform, bool isLogYTransform, bool isFFTXTransform,
+                   bool isFFTYTransform, int n, double periodXFFTValue, double periodYFFTValue);
+
+protected:
+    GUI2D_Plotter();
+    explicit GUI2D_Plotter(GUI_ParentPanel& parent);
+    explicit GUI2D_Plotter(GUI_ParentPanel* parent);
+    ~GUI2D_Plotter() override;
+    unsigned long getInverseAgregatedObjectsCount() const override;
+    void resetInverseAgregatedObjects() override;
+
+    /// Computes the extents anew from all curves and shows them, as a new view. Nothing without curves.
+    void computeBounds();
+
+private:
+    double mXMin = -1.0; ///< Extent of all curves, in user units.
+    double mXMax = 1.0;
+    double mYMin = -1.0;
+    double mYMax = 1.0;
+    double mMinDeltaX = 0.0;
+    double mMinDeltaY = 0.0;
+    double mMaxDeltaX = 0.0; ///< The smallest of the curves' greatest steps.
+    double mMaxDeltaY = 0.0;
+    double mMeanDeltaX = 0.0;
+    double mMeanDeltaY = 0.0;
+    bool mBoundsComputed = false; ///< There was a curve.
+    bool mLegendsPrinted = true;
+    bool mSubTitlesPrinted = false;
+    unsigned long mMinPointsNumber = 0;
+    unsigned long mMaxPointsNumber = 0;
+    COM_Array<GUI2D_Curve>* mCurves; ///< In drawing order. Counted.
+};
