@@ -30,30 +30,30 @@ public:
     COM_Color* getColor() const { return mColor; }
 
     /// Copies the values and computes the figures about them.
-    void setXValues(const LA_RealVector& values);
-    void setYValues(const LA_RealVector& values);
+    void setXValues(const LA_RealVector& values) { setValues(mX, mXAxis, values); }
+    void setYValues(const LA_RealVector& values) { setValues(mY, mYAxis, values); }
     const LA_RealVector* getXValues() const { return mX; }
     const LA_RealVector* getYValues() const { return mY; }
     /// Divides the values, unless `factor` is 0; and the figures about them, by 0 too.
-    void divideXValues(double factor);
-    void divideYValues(double factor);
-    void setXBounds(double min, double max);
-    void setYBounds(double min, double max);
+    void divideXValues(double factor) { divideValues(mX, mXAxis, factor); }
+    void divideYValues(double factor) { divideValues(mY, mYAxis, factor); }
+    void setXBounds(double min, double max) { mXAxis.setBounds(min, max); }
+    void setYBounds(double min, double max) { mYAxis.setBounds(min, max); }
 
-    double getXMin() const { return mXMin; }
-    double getXMax() const { return mXMax; }
-    double getYMin() const { return mYMin; }
-    double getYMax() const { return mYMax; }
+    double getXMin() const { return mXAxis.mMin; }
+    double getXMax() const { return mXAxis.mMax; }
+    double getYMin() const { return mYAxis.mMin; }
+    double getYMax() const { return mYAxis.mMax; }
     /// The greatest absolute value, or 1 where that is not positive.
-    double getXMaxAmplitude() const { return mAbsXMax; }
-    double getYMaxAmplitude() const { return mAbsYMax; }
+    double getXMaxAmplitude() const { return mXAxis.mAbsMax; }
+    double getYMaxAmplitude() const { return mYAxis.mAbsMax; }
     // Steps between neighbouring points, signed. The mean lacks the first step, though it divides by all.
-    double getMinDeltaX() const { return mMinDeltaX; }
-    double getMinDeltaY() const { return mMinDeltaY; }
-    double getMaxDeltaX() const { return mMaxDeltaX; }
-    double getMaxDeltaY() const { return mMaxDeltaY; }
-    double getMeanDeltaX() const { return mMeanDeltaX; }
-    double getMeanDeltaY() const { return mMeanDeltaY; }
+    double getMinDeltaX() const { return mXAxis.mMinDelta; }
+    double getMinDeltaY() const { return mYAxis.mMinDelta; }
+    double getMaxDeltaX() const { return mXAxis.mMaxDelta; }
+    double getMaxDeltaY() const { return mYAxis.mMaxDelta; }
+    double getMeanDeltaX() const { return mXAxis.mMeanDelta; }
+    double getMeanDeltaY() const { return mYAxis.mMeanDelta; }
     /// The smaller of both lengths; 0 if a vector is missing.
     unsigned long getPointsNumber() const;
 
@@ -62,21 +62,31 @@ protected:
     ~GUI2D_Curve() override;
 
 private:
+    /// Figures about the values along one axis.
+    struct Axis
+    {
+        double mAbsMax = -1.0;
+        double mMax = -1.0;
+        double mMin = 1.0;
+        double mMinDelta = 0.0;
+        double mMaxDelta = 0.0;
+        double mMeanDelta = 0.0;
+
+        /// Without values the bounds stay.
+        void set(const LA_RealVector& values);
+        void setBounds(double min, double max);
+        void divide(double factor);
+    };
+
+    void setValues(LA_RealVector*& field, Axis& axis, const LA_RealVector& values);
+    static void divideValues(LA_RealVector* values, Axis& axis, double factor);
+    void loadValues(const MM_Class& metaClass, const char* key, LA_RealVector*& field, Axis& axis);
+
     std::string mName = "Curve";
     bool mIsShown = true;
     LA_RealVector* mX = nullptr; ///< Counted; null: no points.
     LA_RealVector* mY = nullptr;
-    double mAbsXMax = -1.0;
-    double mAbsYMax = -1.0;
-    double mXMax = -1.0;
-    double mYMax = -1.0;
-    double mXMin = 1.0;
-    double mYMin = 1.0;
-    double mMinDeltaX = 0.0;
-    double mMinDeltaY = 0.0;
-    double mMaxDeltaX = 0.0;
-    double mMaxDeltaY = 0.0;
-    double mMeanDeltaX = 0.0;
-    double mMeanDeltaY = 0.0;
+    Axis mXAxis;
+    Axis mYAxis;
     COM_Color* mColor = nullptr; ///< Counted, shared.
 };

@@ -2,18 +2,21 @@
 #include "common/COM_Array.h"
 #include "gui/GUI_FramePanel.h"
 #include "gui2d/GUI2D_Mapping.h"
-#include "metaModel/MM_Object.h"
+#include "metaModel/MM_Class.h"
 
 #include <QColor>
 #include <QPoint>
 #include <QString>
 
+#include <array>
 #include <string>
 
 class COM_Color;
 class GEO_Box;
 class GEO_Point;
 class QPainter;
+class QPixmap;
+class QPrinter;
 
 /// A rectangle of model space on a panel: grid, axes, graduated scales, a title, labels, and in the middle
 /// whatever an heir paints.
@@ -177,14 +180,14 @@ public:
     bool saveAsImage(const std::string& fileName);
     /// On a printer that the user chooses.
     void print();
+    /// As large as the page allows. False: the printer takes nothing.
+    bool printOn(QPrinter& printer);
     /// Everything, grid to margins, on any device, at the size of the panel.
     void drawInPainter(QPainter& painter);
 
 protected:
     explicit GUI2D_DrawPanel(GUI_ParentPanel* parent);
     ~GUI2D_DrawPanel() override;
-    unsigned long getInverseAgregatedObjectsCount() const override;
-    void resetInverseAgregatedObjects() override;
 
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -198,6 +201,20 @@ protected:
     /// Asks for another pass of the present paint, since a margin has changed.
     void requestPass() { mRedraw = true; }
     void setWestWidth(unsigned long width) { mWestSize = width; }
+    // Of the widget's font, in pixels.
+    int getTextWidth(const QString& text) const;
+    int getFontHeight() const;
+    /// Reads an association of many. A file that lacks it leaves the array as it is, with a line on
+    /// standard output.
+    template <typename T>
+    static void getMany(const MM_Class& metaClass, const std::string& key, COM_Array<T>& objects)
+    {
+        std::string first;
+        metaClass.getAttributeFromMetaFields(key, &first);
+        if (metaClass.getFromMetaFields(key) != nullptr) {
+            metaClass.getAssociationFromMetaFields(key, objects);
+        }
+    }
     /// Does nothing: every view stays in the stack.
     void eraseAllExceptLastDrawingBoxes() {}
 
@@ -205,17 +222,41 @@ private:
     void initComponents();
     void computeScale();
     void computeUnit();
+    /// Chooses the adimensioning factors for these exponents.
+    void setExponents(long x, long y);
     /// Makes the box a view: inserts it into the stack behind the present one. A box of no size becomes one
     /// of 1e-24, one that is not finite the unit box.
     void setModelArea(GEO_Box& box);
+    /// The box at `mCurrentIndexBox`, or null.
+    GEO_Box* getCurrentBox() const;
     /// Shows the box at `mCurrentIndexBox`.
     void takeCurrentBox();
+    /// Makes `mCurrentIndexBox` this index, kept within the stack, and shows what was not shown before.
+    void step(long index);
     void zoomSelection();
     void updateWindowMenus();
+    /// Tells the window which model point a pixel shows.
+    void showPoint(const QPoint& pixel);
+    /// Pixels show model points: the graphics area has a size.
+    bool isScaled() const;
+
+    /// Paints the panel again while its margins change, though not for ever, and gives the last picture.
+    /// Null where the panel has no size.
+    QPixmap render(double pixelRatio);
+    /// The margins, by which passes are compared.
+    std::array<unsigned long, 4> getMargins() const;
+    /// Makes a margin at least this wide.
+    void grow(unsigned long& margin, int width);
+    /// A text of the scales, from a value in user units.
+    QString getScaleText(double value, unsigned char type) const;
+    void setLinePen(const QColor& color);
 
     void paintGrid();
     void paintAxes();
     void paintScales();
+    void paintXScale();
+    void paintYScale();
+    void paintFactors();
     void paintLabels();
     void paintBorder();
     void paintBorderLine();
@@ -284,4 +325,5 @@ private:
     COM_Array<GEO_Box>* mDrawingBoxes; ///< Every view visited. Counted.
     QPainter* mPainter = nullptr; ///< Of the last paint; only good while `mPainting`. Borrowed.
     bool mPainting = false;
+    int mWheelAngle = 0; ///< Turned since the last notch, in eighths of a degree.
 };

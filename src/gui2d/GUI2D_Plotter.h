@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-class GEO_Polygon;
 class GUI2D_Curve;
 class LA_RealVector;
 
@@ -54,13 +53,19 @@ protected:
     explicit GUI2D_Plotter(GUI_ParentPanel& parent);
     explicit GUI2D_Plotter(GUI_ParentPanel* parent);
     ~GUI2D_Plotter() override;
-    unsigned long getInverseAgregatedObjectsCount() const override;
-    void resetInverseAgregatedObjects() override;
 
     /// Computes the extents anew from all curves and shows them, as a new view. Nothing without curves.
     void computeBounds();
 
 private:
+    void add(GUI2D_Curve& curve);
+    /// Takes the figures of a curve into those of all. The means weigh it as one of `number` curves.
+    void fold(const GUI2D_Curve& curve, unsigned long number);
+    void paintSubTitles();
+    void paintLegends();
+    void drawName(const GUI2D_Curve& curve, const QPoint& baseline) const;
+    void computePointsNumbers();
+
     double mXMin = -1.0; ///< Extent of all curves, in user units.
     double mXMax = 1.0;
     double mYMin = -1.0;
