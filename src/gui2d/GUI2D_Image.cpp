@@ -1,10 +1,11 @@
 #include "gui2d/GUI2D_Image.h"
 
+#include "common/COM_FileWriter.h"
+
+#include <QBuffer>
 #include <QByteArray>
 #include <QImage>
 #include <QImageWriter>
-#include <QSaveFile>
-#include <QString>
 
 #include <algorithm>
 #include <gif_lib.h>
@@ -44,18 +45,16 @@ bool GUI2D_Image::write(const QImage& image, const std::string& fileName)
     if (image.isNull()) {
         return false;
     }
-    QSaveFile file(QString::fromStdString(fileName));
-    // Where the directory takes no second file.
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly)) {
+    const QByteArray format = formatOf(fileName);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    const bool isEncoded =
+        format == "GIF" ? writeGif(image, buffer) : QImageWriter(&buffer, format).write(image);
+    if (!isEncoded) {
         return false;
     }
-    const QByteArray format = formatOf(fileName);
-    const bool isWritten =
-        format == "GIF" ? writeGif(image, file) : QImageWriter(&file, format).write(image);
-    if (!isWritten) {
-        file.cancelWriting();
-    }
+    COM_FileWriter file(fileName);
+    file.stream().write(buffer.data().constData(), buffer.data().size());
     return file.commit();
 }
 

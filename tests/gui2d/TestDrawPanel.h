@@ -1,0 +1,192 @@
+#pragma once
+#include "common/COM_Scoped.h"
+#include "geometry/GEO_Box.h"
+#include "geometry/GEO_Point.h"
+#include "gui2d/GUI2D_DrawPanel.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+/// A panel of known extent that paints what a test tells it to.
+class TestDrawPanel : public GUI2D_DrawPanel
+{
+    COM_CLASS(TestDrawPanel)
+public:
+    void computeBoundingBox(GEO_Box& box) const override
+    {
+        const COM_Scoped p(GEO_Point::New(mXMin, mYMin));
+        const COM_Scoped q(GEO_Point::New(mXMax, mYMax));
+        box.setTo(*p, *q);
+    }
+    void paintElements() override
+    {
+        ++mPasses;
+        if (mPaint) {
+            mPaint();
+        }
+    }
+    void paintElementsInPanels() override
+    {
+        if (mPaintInPanels) {
+            mPaintInPanels();
+        }
+    }
+    void setExtent(double xMin, double yMin, double xMax, double yMax)
+    {
+        mXMin = xMin;
+        mYMin = yMin;
+        mXMax = xMax;
+        mYMax = yMax;
+    }
+    /// Nothing but what `paintElements` draws.
+    void printNothing()
+    {
+        printGrid(false);
+        printAxes(false);
+        printTitle(false);
+        printXLabel(false);
+        printYLabel(false);
+        printScale(false);
+    }
+    /// Of the paint that is under way.
+    QTransform getPainterTransform() const { return getPainter()->worldTransform(); }
+    using GUI2D_DrawPanel::getFontHeight;
+    using GUI2D_DrawPanel::getTextWidth;
+    using GUI2D_DrawPanel::requestPass;
+    using GUI2D_DrawPanel::setWestWidth;
+
+    int mPasses = 0; ///< Of all paints.
+    std::function<void()> mPaint;
+    std::function<void()> mPaintInPanels;
+
+protected:
+    TestDrawPanel()
+        : TestDrawPanel(nullptr)
+    {}
+    explicit TestDrawPanel(GUI_ParentPanel* parent)
+        : GUI2D_DrawPanel(parent)
+    {
+        COM_TYPE(TestDrawPanel);
+    }
+    ~TestDrawPanel() override = default;
+
+private:
+    double mXMin = 0.0;
+    double mYMin = 0.0;
+    double mXMax = 8.0;
+    double mYMax = 4.0;
+};
+
+/// What the panel shows, painted by a real paint event.
+inline QImage pictureOf(QWidget& panel)
+{
+    return panel.grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+/// A picture that a test paints itself, pixel by pixel, to hold the panel's against.
+class ExpectedPicture
+{
+public:
+    ExpectedPicture(int width, int height, QColor background = Qt::white)
+        : mImage(width, height, QImage::Format_RGB32)
+    {
+        mImage.fill(background);
+    }
+    operator const QImage&() const { return mImage; }
+
+    void point(int x, int y, const QColor& color)
+    {
+        if (mImage.valid(x, y)) {
+            mImage.setPixelColor(x, y, color);
+        }
+    }
+    /// Limits included.
+    void box(int x0, int y0, int x1, int y1, const QColor& color)
+    {
+        for (int y = y0; y <= y1; ++y) {
+            for (int x = x0; x <= x1; ++x) {
+                point(x, y, color);
+            }
+        }
+    }
+    void frame(int x0, int y0, int x1, int y1, const QColor& color)
+    {
+        box(x0, y0, x1, y0, color);
+        box(x0, y1, x1, y1, color);
+        box(x0, y0, x0, y1, color);
+        box(x1, y0, x1, y1, color);
+    }
+
+private:
+    QImage mImage;
+};
+
+/// Where two pictures differ first, or nothing.
+inline std::string difference(const QImage& picture, const QImage& expected)
+{
+    if (picture.size() != expected.size()) {
+        return "size " + std::to_string(picture.width()) + " x " + std::to_string(picture.height());
+    }
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixel(x, y) != expected.pixel(x, y)) {
+                return "pixel " + std::to_string(x) + "," + std::to_string(y) + " is "
+                       + picture.pixelColor(x, y).name().toStdString() + ", not "
+                       + expected.pixelColor(x, y).name().toStdString();
+            }
+        }
+    }
+    return "";
+}
+
+/// The keys of a draw panel in the order in which they are read.
+inline std::vector<std::string> panelKeys()
+{
+    return {"mStatusMessage",
+            "mOrthonormee",
+            "mXDirection",
+            "mYDirection",
+            "mGraduationSize",
+            "mNbCharsAfterComa",
+            "mXLabel",
+            "mYLabel",
+            "mTitle",
+            "mZoomFactor",
+            "mPanX",
+            "mPanY",
+            "mTitlePrinted",
+            "mXLabelPrinted",
+            "mYLabelPrinted",
+            "mAxesPrinted",
+            "mGridPrinted",
+            "mBorderLinePrinted",
+            "mScalePrinted",
+            "mXScaleType",
+            "mYScaleType",
+            "mDraggedRectangle",
+            "mZoomSelection",
+            "mScientificNotation",
+            "mPXFactor",
+            "mPYFactor",
+            "mPXadim",
+            "mPYadim",
+            "mXadim",
+            "mYadim",
+            "mStatusPrinted",
+            "mCurrentIndexBox",
+            "mBorderColor",
+            "mBorderLineColor",
+            "mScaleColor",
+            "mXLabelColor",
+            "mYLabelColor",
+            "mTitleColor",
+            "mAxesColor",
+            "mGridColor",
+            "mDraggedRectangleColor",
+            "BackgroundColor",
+            "mDrawingBoxes"};
+}
