@@ -263,8 +263,8 @@ TEST_F(GUI2D_CurveTest, TheKeysAreTheFileFormat)
     const COM_Scoped color(COM_Color::New(1, 2, 3));
     mCurve->setColor(*color);
     const Description description(*mCurve);
-    EXPECT_EQ(description.keys(), (std::vector<std::string>{"mName", "mIsShown", "mX", "mY",
-                                                            "mAbsXMax", "mAbsYMax", "mColor"}));
+    EXPECT_EQ(description.keys(), (std::vector<std::string>{"mAbsXMax", "mAbsYMax", "mColor",
+                                                            "mIsShown", "mName", "mX", "mY"}));
     EXPECT_EQ(Description::textOf(*description.node().getFromMetaFields("mColor")),
               "[Color[1,2,3]]");
 }

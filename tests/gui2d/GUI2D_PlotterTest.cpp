@@ -478,3 +478,34 @@ TEST(GUI2D_Plotter, AFileBringsThePlotBack)
         EXPECT_EQ(box->getMaxPoint()->getValue(1), 9.0);
     }
 }
+
+namespace {
+
+class ForeignLine : public GUI2D_Curve
+{
+    COM_CLASS(ForeignLine)
+protected:
+    ForeignLine() { COM_TYPE(ForeignLine); }
+    ~ForeignLine() override = default;
+};
+
+} // namespace
+
+TEST(GUI2D_Plotter, ACurveOfAClassThatNoFactoryKnowsIsAnnouncedAndMissing)
+{
+    const COM_Scoped blue(COM_Color::New(0, 0, 255));
+    const COM_Scoped plotter(GUI2D_Plotter::New());
+    const COM_Scoped foreign(ForeignLine::New());
+    plotter->getCurves().add(*foreign);
+    plotter->addPlot({0.0, 1.0}, {0.0, 1.0}, "kept", *blue);
+    const TestDirectory directory;
+    COM_Scoped(GUI2D_ClassFactory::New())->save(directory.file("plot.xml"), *plotter);
+
+    const COM_Scoped loaded(GUI2D_Plotter::New());
+    const COM_Scoped factory(GUI2D_ClassFactory::New());
+    EXPECT_EQ(printedBy([&] { factory->load(directory.file("plot.xml"), *loaded); }),
+              "impossible to create an instance of " + foreign->getIdentityString()
+                  + " from class 13GUI2D_Plotter.\n");
+    ASSERT_EQ(loaded->getPlotsNumber(), 1U);
+    EXPECT_EQ(loaded->getCurves()[0].getName(), "kept");
+}
