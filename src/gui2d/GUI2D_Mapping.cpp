@@ -4,6 +4,15 @@
 #include <cmath>
 #include <limits>
 
+GUI2D_Mapping GUI2D_Mapping::scaled(double ratio) const
+{
+    GUI2D_Mapping mapping = *this;
+    mapping.mScaleX *= ratio;
+    mapping.mScaleY *= ratio;
+    mapping.mGraphicsOrigin *= ratio;
+    return mapping;
+}
+
 int GUI2D_Mapping::toPixel(double value)
 {
     constexpr double farthest = 1e9;

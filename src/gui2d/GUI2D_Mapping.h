@@ -59,6 +59,10 @@ struct GUI2D_Mapping
         return mOriginY + static_cast<double>((y - mGraphicsOrigin.y()) * mYDirection) / mScaleY;
     }
 
+    bool operator==(const GUI2D_Mapping&) const = default;
+    /// The same view on a picture with `ratio` times the pixels along each axis.
+    GUI2D_Mapping scaled(double ratio) const;
+
     /// The largest integer that is not above `value`. Not-a-number is 0, and pixels so far away that they
     /// could not be counted lie at 10^9.
     static int toPixel(double value);
