@@ -91,14 +91,22 @@ void GUI2D_Curve::setValues(LA_RealVector*& field, Axis& axis, const LA_RealVect
     const COM_Scoped copy(LA_RealVector::New(values)); // `values` may be what the field holds
     associate(field, copy.get());
     axis.set(*copy);
+    updateTrace();
 }
 
 void GUI2D_Curve::divideValues(LA_RealVector* values, Axis& axis, double factor)
 {
     if (values != nullptr && factor != 0.0) {
         values->dividedBy(factor);
+        updateTrace();
     }
     axis.divide(factor);
+}
+
+void GUI2D_Curve::updateTrace()
+{
+    const unsigned long n = getPointsNumber();
+    mTrace = n > 0 ? GUI2D_Trace(mX->getValues(), mY->getValues(), n) : GUI2D_Trace();
 }
 
 unsigned long GUI2D_Curve::getPointsNumber() const
@@ -118,12 +126,7 @@ void GUI2D_Curve::draw(GUI2D_Plotter& plotter)
     const COM_Color& color = mColor != nullptr ? *mColor : *black;
     plotter.setPen(color, GUI2D_Plotter::SOLID_LINE);
     plotter.setBrush(color, GUI2D_Plotter::NO_BRUSH);
-    const double* const x = mX->getValues();
-    const double* const y = mY->getValues();
-    plotter.moveTo(x[0], y[0]);
-    for (unsigned long i = 1; i < n; ++i) {
-        plotter.lineTo(x[i], y[i]);
-    }
+    plotter.drawTrace(mTrace, color);
 }
 
 // ---------------------------------------------------------------- persistence

@@ -1,4 +1,5 @@
 #pragma once
+#include "gui2d/GUI2D_Trace.h"
 #include "metaModel/MM_Object.h"
 
 #include <string>
@@ -79,7 +80,8 @@ private:
     };
 
     void setValues(LA_RealVector*& field, Axis& axis, const LA_RealVector& values);
-    static void divideValues(LA_RealVector* values, Axis& axis, double factor);
+    void divideValues(LA_RealVector* values, Axis& axis, double factor);
+    void updateTrace();
     void loadValues(const MM_Class& metaClass, const char* key, LA_RealVector*& field, Axis& axis);
 
     std::string mName = "Curve";
@@ -89,4 +91,5 @@ private:
     Axis mXAxis;
     Axis mYAxis;
     COM_Color* mColor = nullptr; ///< Counted, shared.
+    GUI2D_Trace mTrace;          ///< Of `mX` and `mY` as they are.
 };

@@ -178,9 +178,30 @@ void GUI2D_Plotter::transform(bool isLogXTransform, bool isLogYTransform, bool i
 
 void GUI2D_Plotter::paintElements()
 {
+    mNextLayer = 0;
     for (unsigned long i = 0; i < mCurves->size(); ++i) {
         (*mCurves)[i].draw(*this);
     }
+    finishTraces();
+}
+
+void GUI2D_Plotter::drawTrace(GUI2D_Trace& trace, const COM_Color& color)
+{
+    if (getPainter() != nullptr) {
+        mTraces.push_back({&trace, qRgb(color.getRed(), color.getGreen(), color.getBlue())});
+    }
+}
+
+void GUI2D_Plotter::finishTraces()
+{
+    if (getPainter() == nullptr || mTraces.empty()) {
+        return;
+    }
+    if (mNextLayer == mLayers.size()) {
+        mLayers.emplace_back();
+    }
+    mLayers[mNextLayer++].paint(*getPainter(), getMapping(), size(), mTraces);
+    mTraces.clear();
 }
 
 void GUI2D_Plotter::paintElementsInPanels()

@@ -1,5 +1,6 @@
 #pragma once
 #include "gui2d/GUI2D_DrawPanel.h"
+#include "gui2d/GUI2D_Layer.h"
 
 #include <string>
 #include <vector>
@@ -48,6 +49,13 @@ public:
     void transform(bool isLogXTransform, bool isLogYTransform, bool isFFTXTransform,
                    bool isFFTYTransform, int n, double periodXFFTValue, double periodYFFTValue);
 
+    // ---- drawing, while the panel is painted
+    /// Draws the lines of a curve in user units, above what is drawn already. Those of neighbours in the list
+    /// are put on the picture together.
+    void drawTrace(GUI2D_Trace& trace, const COM_Color& color);
+    /// Puts them there now. A curve that draws in another way begins with this.
+    void finishTraces();
+
 protected:
     GUI2D_Plotter();
     explicit GUI2D_Plotter(GUI_ParentPanel& parent);
@@ -81,5 +89,8 @@ private:
     bool mSubTitlesPrinted = false;
     unsigned long mMinPointsNumber = 0;
     unsigned long mMaxPointsNumber = 0;
-    COM_Array<GUI2D_Curve>* mCurves; ///< In drawing order. Counted.
+    COM_Array<GUI2D_Curve>* mCurves;         ///< In drawing order. Counted.
+    std::vector<GUI2D_Layer::Curve> mTraces; ///< Drawn, but not yet on the picture.
+    std::vector<GUI2D_Layer> mLayers;        ///< In drawing order.
+    std::size_t mNextLayer = 0;              ///< The one that `finishTraces` takes.
 };
