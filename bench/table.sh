@@ -3,6 +3,7 @@
 # BUILD_DIRECTORY holds the preset bench. Each row is the best of three runs, solver and plain form by turns.
 set -eu
 solver=$1/bench/quorvex_solver_bench
+transform=$1/bench/quorvex_transform_bench
 memory=$1/bench/quorvex_memory_bench
 desktop=$1/bench/quorvex_desktop_bench
 
@@ -32,6 +33,24 @@ echo
 echo "A million nodes, two levels, one system:"
 echo
 "$memory" | sed 's/^/    /'
+
+echo
+echo "| values | fht_fft, us | plain form, us | ratio |"
+echo "|---|---|---|---|"
+"$transform" --benchmark_repetitions=20 --benchmark_min_time=0.02 --benchmark_enable_random_interleaving=true \
+    --benchmark_format=csv 2>/dev/null | awk -F, '
+    /^"(hartley|plain)\// && !/_(mean|median|stddev|cv)"/ {
+        gsub(/"/, "", $1)
+        split($1, name, "/ldn:")
+        value = $4 + 0
+        if (!((name[1], name[2]) in best) || value < best[name[1], name[2]]) best[name[1], name[2]] = value
+    }
+    END {
+        for (ldn = 8; ldn <= 20; ++ldn) {
+            h = best["hartley", ldn]; p = best["plain", ldn]
+            printf "| 2^%d | %.1f | %.1f | %.1f |\n", ldn, h, p, p / h
+        }
+    }'
 
 if [ -x "$desktop" ]; then
     echo
