@@ -1,6 +1,7 @@
 #include "gui2d/GUI2D_DrawPanel.h"
 
 #include "common/COM_Color.h"
+#include "common/COM_Guard.h"
 #include "common/COM_Integer.h"
 #include "common/COM_Real.h"
 #include "common/COM_Scoped.h"
@@ -589,6 +590,9 @@ bool GUI2D_DrawPanel::saveAsImage(const std::string& fileName)
 
 void GUI2D_DrawPanel::print()
 {
+    // The window may close while the dialog waits.
+    const GUI_EventScope scope;
+    const COM_Guard guard(*this);
     QPrinter printer(QPrinter::ScreenResolution);
     QPrintDialog dialog(&printer, this);
     if (GUI_Dialog::run(dialog) == QDialog::Accepted) {

@@ -10,8 +10,8 @@ struct GUI2D_Mapping
     /// An end of a line, in model units and on its pixel.
     struct Point
     {
-        double mX;
-        double mY;
+        double mX = 0.0;
+        double mY = 0.0;
         QPoint mPixel;
     };
 

@@ -248,9 +248,9 @@ void GUI2D_Plotter::paintSubTitles()
             }
         }
     }
-    const auto north = static_cast<unsigned long>(height / 2 + pen.y());
-    if (north != getNorthWidth()) {
-        setNorthWidth(north);
+    const int north = height / 2 + pen.y();
+    if (static_cast<unsigned long>(north) != getNorthWidth()) {
+        setNorthWidth(static_cast<unsigned long>(north));
         requestPass();
     }
     setPen(getTitleColor(), SOLID_LINE);

@@ -1217,6 +1217,33 @@ TEST_F(GUI2D_DrawPanelTest, WhatAFileMayBringIsPutRight)
     factory->removeFromMetaClasses(description.node());
 }
 
+TEST_F(GUI2D_DrawPanelWindowTest, AFileMayTurnTheStatusBarOff)
+{
+    moveMouse(20, 60);
+    const std::string former = status();
+    const Description description(*mPanel);
+    replace(description.node(), "mStatusPrinted", "0");
+    printedBy([&] { mPanel->loadFromMetaClass(description.node()); });
+    moveMouse(40, 60);
+    EXPECT_EQ(status(), former);
+}
+
+TEST_F(GUI2D_DrawPanelWindowTest, TheWindowMayCloseWhileThePrinterIsChosen)
+{
+    const TestDirectory directory;
+    const auto accepted = onNextDialog([&](QWidget& dialog) {
+        auto& question = dynamic_cast<QPrintDialog&>(dialog);
+        question.printer()->setOutputFormat(QPrinter::PdfFormat);
+        question.printer()->setOutputFileName(QString::fromStdString(directory.file("a.pdf")));
+        mFamily.release();
+        question.done(QDialog::Accepted);
+    });
+    mPanel->print();
+    EXPECT_TRUE(*accepted);
+    settle();
+    EXPECT_EQ(directory.read("a.pdf").substr(0, 5), "%PDF-");
+}
+
 TEST_F(GUI2D_DrawPanelTest, AnIndexBeyondTheViewsIsTheLastOne)
 {
     mPanel->fitToGraphics();
