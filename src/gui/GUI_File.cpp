@@ -103,15 +103,6 @@ std::string answer(QFileDialog& dialog)
     return GUI_Dialog::run(dialog) == QDialog::Accepted ? toTString(chosen) : std::string();
 }
 
-bool isReplacementAllowed(GUI_ParentWindow* parent)
-{
-    return GUI_Message::printWarning(parent, GUI_Object::translate("Warning"),
-                                     GUI_Object::translate("The file already exists") + ".\n"
-                                         + GUI_Object::translate("Do you want to replace it ?"),
-                                     GUI_Object::translate("Yes"), GUI_Object::translate("No"))
-           == GUI_Message::YES;
-}
-
 } // namespace
 
 GUI_File::GUI_File()
@@ -183,10 +174,20 @@ std::string GUI_File::selectSavingFile(GUI_ParentWindow* parent, const std::stri
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     setFilter(dialog, filter);
     std::string name = answer(dialog);
-    while (!name.empty() && QFileInfo::exists(toQString(name)) && !isReplacementAllowed(parent)) {
+    while (!name.empty() && !isReplacementAllowed(parent, name)) {
         name = answer(dialog);
     }
     return name;
+}
+
+bool GUI_File::isReplacementAllowed(GUI_ParentWindow* parent, const std::string& fileName)
+{
+    return !QFileInfo::exists(toQString(fileName))
+           || GUI_Message::printWarning(parent, GUI_Object::translate("Warning"),
+                                        GUI_Object::translate("The file already exists") + ".\n"
+                                            + GUI_Object::translate("Do you want to replace it ?"),
+                                        GUI_Object::translate("Yes"), GUI_Object::translate("No"))
+                  == GUI_Message::YES;
 }
 
 std::string GUI_File::selectPath(GUI_ParentWindow* parent, const std::string& oldPath,

@@ -39,6 +39,8 @@ public:
     static std::string selectSavingFile(GUI_ParentWindow* parent, const std::string& oldPath,
                                         const std::string& filter, const std::string& title,
                                         const std::string& text);
+    /// True where there is no such file, or the user allows to replace it.
+    static bool isReplacementAllowed(GUI_ParentWindow* parent, const std::string& fileName);
     /// A directory, with a slash at its end.
     static std::string selectPath(GUI_ParentWindow* parent, const std::string& oldPath,
                                   const std::string& title, const std::string& text);

@@ -1,6 +1,8 @@
 #pragma once
+#include <string>
 
 class GUI2D_Plotter;
+class LA_RealVector;
 
 /// Logarithms and Fourier transforms of all curves of a plotter.
 struct GUI2D_Transform
@@ -17,4 +19,11 @@ struct GUI2D_Transform
     /// Shows the transformed curves in a new plotter window, a child of the main window, at the place and
     /// size of that of `source`, which stays as it was.
     void show(const GUI2D_Plotter& source) const;
+
+    /// Transforms the values of one curve. Where one axis alone is Fourier transformed, frequency 0 stands in
+    /// the middle and the other axis becomes that of the angular frequencies 2 pi k / (2^n period), from
+    /// k = -2^(n - 1) on.
+    void apply(LA_RealVector& x, LA_RealVector& y) const;
+    /// What is done to each axis, "LOG(FFT(X)) - FFT(Y)" for instance; empty when nothing is.
+    std::string getDescription() const;
 };

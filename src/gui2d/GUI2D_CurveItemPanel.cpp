@@ -1,0 +1,119 @@
+#include "gui2d/GUI2D_CurveItemPanel.h"
+
+#include "common/COM_Color.h"
+#include "common/COM_Guard.h"
+#include "common/COM_Integer.h"
+#include "common/COM_Scoped.h"
+#include "gui/GUI_CheckBox.h"
+#include "gui/GUI_ColorButton.h"
+#include "gui/GUI_Display.h"
+#include "gui/GUI_Label.h"
+#include "gui/GUI_LineEdit.h"
+#include "gui/GUI_RootGridLayout.h"
+#include "gui/GUI_UnknownAction.h"
+#include "gui2d/GUI2D_Curve.h"
+#include "gui2d/GUI2D_Plotter.h"
+#include "gui2d/GUI2D_Source.h"
+
+namespace {
+
+constexpr unsigned char noField = 255; ///< Flag of the labels.
+constexpr int margin = 11;
+constexpr int spacing = 6;
+constexpr int nameWidth = 24; ///< In characters.
+
+std::string nameOf(const COM_Color* color)
+{
+    const QColor shown = color == nullptr
+                             ? QColor(Qt::black)
+                             : QColor(color->getRed(), color->getGreen(), color->getBlue());
+    return GUI_Object::toTString(shown.name());
+}
+
+void setColor(GUI2D_Curve& curve, const std::string& name)
+{
+    const QColor chosen(GUI_Object::toQString(name));
+    if (chosen.isValid()) {
+        const COM_Scoped color(COM_Color::New(chosen.red(), chosen.green(), chosen.blue()));
+        curve.setColor(*color);
+    }
+}
+
+} // namespace
+
+GUI2D_CurveItemPanel::GUI2D_CurveItemPanel(GUI_ParentPanel& parent)
+    : GUI_ItemPanel(parent)
+{
+    COM_TYPE(GUI2D_CurveItemPanel);
+    initComponents();
+}
+
+void GUI2D_CurveItemPanel::initComponents()
+{
+    setLabel(translate("Curve"));
+    const COM_Scoped layout(GUI_RootGridLayout::New(*this, 4, 2, margin, spacing));
+    layout->setRowStretch(3, 1);
+    const auto addLabel = [this, &layout](int row, const std::string& text, QWidget& buddy) {
+        const COM_Scoped label(GUI_Label::New(*this, noField));
+        label->setLabel(text);
+        label->setBuddy(&buddy);
+        layout->addToComponents(*label, row, 0);
+    };
+    const COM_Scoped name(GUI_LineEdit::New(*this, COMPO_NAME));
+    name->setLabel("");
+    name->setMinimumWidth(nameWidth * fontMetrics().averageCharWidth());
+    addLabel(0, translate("Name"), *name);
+    layout->addToComponents(*name, 0, 1);
+
+    const COM_Scoped color(GUI_ColorButton::New(*this, COMPO_COLOR));
+    addLabel(1, translate("Color"), *color);
+    layout->addToComponents(*color, 1, 1);
+
+    const COM_Scoped visible(GUI_CheckBox::New(*this, COMPO_VISIBLE));
+    visible->setLabel(translate("Visible"));
+    layout->addToComponents(*visible, 2, 1);
+}
+
+void GUI2D_CurveItemPanel::updateValues()
+{
+    const GUI_Display display(*this);
+    if (const auto* const curve = dynamic_cast<const GUI2D_Curve*>(getItem())) {
+        show(COMPO_NAME, curve->getName());
+        show(COMPO_COLOR, nameOf(curve->getColor()));
+        show(COMPO_VISIBLE, curve->isShown() ? "1" : "0");
+    }
+    GUI_ItemPanel::updateValues();
+}
+
+void GUI2D_CurveItemPanel::show(unsigned char flag, const std::string& value)
+{
+    if (auto* const component = dynamic_cast<GUI_ActionComponent*>(getComponent(flag))) {
+        component->setValue(value);
+    }
+}
+
+void GUI2D_CurveItemPanel::componentClicked(GUI_ActionComponent& component)
+{
+    auto* const curve = dynamic_cast<GUI2D_Curve*>(getItem());
+    if (curve == nullptr) {
+        return;
+    }
+    const COM_Guard guard(*this);
+    switch (component.getFlagId()) {
+    case COMPO_NAME:
+        curve->setName(component.getValue());
+        break;
+    case COMPO_COLOR:
+        setColor(*curve, component.getValue());
+        break;
+    case COMPO_VISIBLE:
+        curve->setShown(COM_Integer::parseInt(component.getValue()) != 0);
+        break;
+    default:
+        GUI_UnknownAction::print(component);
+        return;
+    }
+    if (GUI2D_DrawPanel* const panel = GUI2D_Source::drawPanel(*this)) {
+        panel->redraw();
+    }
+}
