@@ -53,13 +53,7 @@ bool writeSvg(GUI2D_DrawPanel& panel, QIODevice& out)
 
 QImage GUI2D_Picture::image(GUI2D_DrawPanel& panel)
 {
-    const double ratio = panel.devicePixelRatioF();
-    QImage image(panel.size() * ratio, QImage::Format_RGB32);
-    if (image.isNull()) {
-        return {};
-    }
-    image.setDevicePixelRatio(ratio);
-    return paint(panel, image) ? image : QImage();
+    return panel.grab().toImage();
 }
 
 QByteArray GUI2D_Picture::file(GUI2D_DrawPanel& panel, const QString& format)

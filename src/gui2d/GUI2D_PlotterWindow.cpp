@@ -45,6 +45,7 @@ void GUI2D_PlotterWindow::addPlot(const LA_RealVector& x, const LA_RealVector& y
 {
     if (GUI2D_Plotter* const plotter = getPlotter()) {
         plotter->addPlot(x, y, name, shown, color);
+        updateMenus();
     }
 }
 
@@ -53,6 +54,7 @@ void GUI2D_PlotterWindow::addPlot(const std::vector<double>& x, const std::vecto
 {
     if (GUI2D_Plotter* const plotter = getPlotter()) {
         plotter->addPlot(x, y, name, color);
+        updateMenus();
     }
 }
 
@@ -60,6 +62,14 @@ void GUI2D_PlotterWindow::curvesYNormalization(const std::string& key, double va
 {
     if (GUI2D_Plotter* const plotter = getPlotter()) {
         plotter->curvesYNormalization(key, value);
+        updateMenus();
+    }
+}
+
+void GUI2D_PlotterWindow::updateMenus() const
+{
+    if (GUI_MenuPanel* const menu = getMenu()) {
+        menu->updateStateMenus();
     }
 }
 
@@ -89,7 +99,7 @@ void GUI2D_PlotterWindow::load()
     const MM_Class* const root = factory->getRootMetaClass();
     mIsLoaded = root != nullptr && root->getName() == plotter->getClassName();
     if (mIsLoaded) {
-        getMenu()->updateStateMenus();
+        updateMenus();
         updateValues();
     }
 }

@@ -41,5 +41,8 @@ protected:
     ~GUI2D_PlotterWindow() override = default;
 
 private:
+    /// After each new view that no action has made.
+    void updateMenus() const;
+
     bool mIsLoaded = false;
 };

@@ -109,7 +109,7 @@ void GUI2D_Transform::show(const GUI2D_Plotter& source) const
         const COM_Scoped y(newCopy(curve.getYValues()));
         apply(*x, *y);
         COM_Color* const color = curve.getColor();
-        plotter.addPlot(*x, *y, curve.getName(), curve.isShown(),
+        result->addPlot(*x, *y, curve.getName(), curve.isShown(),
                         color == nullptr ? *black : *color);
     }
     result->show();

@@ -133,7 +133,9 @@ const Window plotter{
      {"&Edit", {"&Redo", "&Undo", "Show &Grid", "Show &Axes", "&Options", "&Print", "&Legends"}},
      {"&Zoom", {"Zoom +", "Zoom -", "Zoom Select", "Zoom Fit"}},
      {"&Move", {"Move North", "Move South", "Move West", "Move East"}},
-     {"&Tools", {"Log/FFT Transform"}}},
+     {"&Tools",
+      {"Log/FFT Transform", "Save Plot", "Load Plot", "Export the Curves", "Copy the Picture",
+       "Copy the Values"}}},
     "",
     "AL",
     ""};
