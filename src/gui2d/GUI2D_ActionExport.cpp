@@ -26,7 +26,7 @@ bool isFormat(const std::string& extension)
 bool write(const std::string& name, const std::string& contents)
 {
     COM_FileWriter file(name);
-    if (contents.empty() || !file.isOpen()) {
+    if (!file.isOpen()) {
         return false;
     }
     file.stream() << contents;
@@ -55,7 +55,11 @@ void GUI2D_ActionExport::act(GUI2D_DrawPanel& panel)
             return;
         }
     }
-    if (!write(name, contents(panel, extensionOf(name)))) {
+    const std::string format = extensionOf(name);
+    const std::string text = contents(panel, format);
+    if (text.empty() && format == "csv") {
+        GUI_Message::printInformation(translate("Warning"), translate("No curve selected"));
+    } else if (text.empty() || !write(name, text)) {
         GUI_Message::printInformation(translate("Warning"),
                                       translate("The file can not be written"));
     }

@@ -113,7 +113,7 @@ TEST(GUI2D_ActionSavePlot, AFileThatCannotBeWrittenIsTold)
     answers.add<QFileDialog>([&](QFileDialog& dialog) {
         // The directory goes while the dialog is open.
         emit dialog.fileSelected(QString::fromStdString(directory.file("gone/plot.xml")));
-        dialog.done(QDialog::Accepted);
+        static_cast<QDialog&>(dialog).done(QDialog::Accepted);
     });
     answers.add<QMessageBox>([](QMessageBox& box) {
         EXPECT_EQ(box.windowTitle(), "Warning");

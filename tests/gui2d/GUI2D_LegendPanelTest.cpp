@@ -40,7 +40,7 @@ public:
     Item& item() const { return dynamic_cast<Item&>(*selection().getChild(1)); }
     GUI_CheckBox& box(unsigned char flag) const
     {
-        return dynamic_cast<GUI_CheckBox&>(*panel().getMainLayout()->getComponent(flag));
+        return dynamic_cast<GUI_CheckBox&>(*panel().getComponent(flag));
     }
     template <typename Component>
     Component& field(unsigned char flag) const

@@ -1,6 +1,7 @@
 #include "gui2d/GUI2D_PlotterMenu.h"
 
 #include "gui2d/TestPlot.h"
+#include "support/TestDirectory.h"
 
 #include <gtest/gtest.h>
 
