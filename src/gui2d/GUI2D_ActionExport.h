@@ -1,6 +1,8 @@
 #pragma once
 #include "gui2d/GUI2D_Action.h"
 
+#include <string>
+
 /// Writes the picture as PDF, SVG or PNG, or the numbers of the shown curves as CSV, by the extension of the
 /// name that the user gives. Any other name gets ".pdf".
 class GUI2D_ActionExport : public GUI2D_Action

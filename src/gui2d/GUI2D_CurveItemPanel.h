@@ -1,10 +1,10 @@
 #pragma once
 #include "gui/GUI_ItemPanel.h"
 
-class GUI2D_Curve;
+#include <string>
 
-/// The name, the colour and the visibility of a curve. Each change is in the curve at once, and the plotter is
-/// painted again.
+/// The name, the colour and the visibility of a curve. Each change is in the curve at once, and the plotter
+/// is painted again.
 class GUI2D_CurveItemPanel : public GUI_ItemPanel
 {
     COM_CLASS(GUI2D_CurveItemPanel)

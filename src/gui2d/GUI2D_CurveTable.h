@@ -8,7 +8,7 @@ class GUI2D_Plotter;
 class GUI2D_CurveTable
 {
 public:
-    /// Numbers have all their digits and a decimal point in every language. A name that holds the separator, a
-    /// quotation mark or a line end stands in quotation marks. Empty when no curve is shown.
+    /// Numbers have all their digits and a decimal point in every language. A name that holds the separator,
+    /// a quotation mark or a line end stands in quotation marks. Empty when no curve is shown.
     static std::string text(const GUI2D_Plotter& plotter, char separator);
 };

@@ -1,6 +1,8 @@
 #pragma once
 #include "gui/GUI_ChildWindow.h"
 
+#include <string>
+
 /// A small window about the draw panel of its parent. Escape closes it.
 class GUI2D_DetailWindow : public GUI_ChildWindow
 {

@@ -1,6 +1,8 @@
 #pragma once
 #include "gui/GUI_RootPanel.h"
 
+#include <string>
+
 class GUI2D_CurvesSelectionPanel;
 class GUI2D_Plotter;
 

@@ -3,7 +3,7 @@
 
 class GUI_ChildWindow;
 
-/// Opens a window about the draw panel, a child of the panel's window, or raises the one that is open already.
+/// Opens a window about the draw panel, a child of the panel's window, or raises the one that is open.
 class GUI2D_OpenAction : public GUI2D_Action
 {
 protected:

@@ -6,8 +6,8 @@
 class GUI2D_DrawPanel;
 class QColor;
 
-/// The looks of a draw panel: steps, texts, colours, and what is printed. Each change is in the panel at once;
-/// the form then shows what was accepted.
+/// The looks of a draw panel: steps, texts, colours, and what is printed. Each change is in the panel at
+/// once; the form then shows what was accepted.
 class GUI2D_OptionsPanel : public GUI_RootPanel
 {
     COM_CLASS(GUI2D_OptionsPanel)

@@ -24,8 +24,8 @@ bool paint(GUI2D_DrawPanel& panel, QPaintDevice& device)
     return painter.end();
 }
 
-// Both have the resolution of the screen, so that a pixel of the panel is a unit of the page and the fonts keep
-// their proportions.
+// Both have the resolution of the screen, so that a pixel of the panel is a unit of the page and the fonts
+// keep their proportions.
 
 bool writePdf(GUI2D_DrawPanel& panel, QIODevice& out)
 {
