@@ -46,10 +46,10 @@ private:
 
     struct Row
     {
-        Kind mKind;
-        unsigned char mFlag;
-        const char* mLabel; ///< Key of the text.
-        int mMaximum = 0;   ///< Of a spin box, from 0 on.
+        Kind mKind = LINE_EDIT;
+        unsigned char mFlag = 0;
+        const char* mLabel = ""; ///< Key of the text.
+        int mMaximum = 0;        ///< Of a spin box, from 0 on.
     };
 
     void initComponents();
