@@ -3,6 +3,7 @@
 #include "common/COM_Scoped.h"
 #include "quorvex/QV_DerivedData.h"
 #include "quorvexGui/QVG_DerivedDataBar.h"
+#include "quorvexGui/QVG_MainWindow.h"
 #include "quorvexGui/QVG_RootDataPanel.h"
 
 #include <QScreen>
@@ -39,4 +40,16 @@ void QVG_DataWindow::initComponents()
 void QVG_DataWindow::showDerivedData(const QV_Problem& problem)
 {
     mBar->setData(QV_DerivedData(problem));
+}
+
+void QVG_DataWindow::showDerivedData(GUI_ParentWindow* detail)
+{
+    auto* const child = dynamic_cast<GUI_ChildWindow*>(detail);
+    auto* const window =
+        child != nullptr ? dynamic_cast<QVG_DataWindow*>(child->getParent()) : nullptr;
+    const auto* const mainWindow =
+        window != nullptr ? dynamic_cast<QVG_MainWindow*>(window->getRoot()) : nullptr;
+    if (mainWindow != nullptr && mainWindow->getProblem() != nullptr) {
+        window->showDerivedData(*mainWindow->getProblem());
+    }
 }

@@ -16,6 +16,8 @@ class QVG_DataWindow : public GUI_ChildWindow
 public:
     /// Shows the quantities that follow from the data of `problem`. The forms call it after each change.
     void showDerivedData(const QV_Problem& problem);
+    /// The same after a change in a window that was opened from the forms. Nothing for other windows.
+    static void showDerivedData(GUI_ParentWindow* detail);
 
 protected:
     explicit QVG_DataWindow(GUI_ParentWindow& parent, bool isContainer = false);

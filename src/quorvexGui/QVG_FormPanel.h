@@ -34,6 +34,21 @@ public:
     /// Lets the fields of several forms stand in one column.
     void setLabelsWidth(int width);
 
+    /// As wide as the fields of all forms: for a number with sign and three digits of exponent.
+    static int fieldWidth(const QWidget& widget);
+    // Text that shows what is stored was not typed. Written back, its seven digits would replace those of
+    // the problem, so there is nothing then.
+    static std::optional<double> typed(const GUI_ActionComponent& component, double stored);
+    static std::optional<long> typed(const GUI_ActionComponent& component, long stored);
+    /// Hands what was typed to `store`.
+    template <typename Stored, typename Store>
+    static void take(const GUI_ActionComponent& component, Stored stored, Store store)
+    {
+        if (const auto value = typed(component, stored)) {
+            store(*value);
+        }
+    }
+
 protected:
     enum Kind { LINE_EDIT, SPIN_BOX, COMBO_BOX, BUTTON };
 
@@ -67,9 +82,6 @@ protected:
     /// Titles the form and builds its rows. `addAbove`, if there is one, fills the row above them.
     void build(const std::string& title, std::span<const Row> rows,
                const std::function<void(GUI_HBoxLayout&)>& addAbove = {});
-    /// As wide as the fields of all forms: for a number with sign and three digits of exponent.
-    static int fieldWidth(const QWidget& widget);
-
     /// Shows each value, and which fields can be used.
     virtual void showModel(const Model& model) = 0;
     /// Writes the value of a component, or does what a button stands for.
@@ -78,19 +90,6 @@ protected:
     void show(unsigned char flag, double value);
     void show(unsigned char flag, long value);
     void enable(unsigned char flag, bool isEnabled);
-
-    // Text that shows what is stored was not typed. Written back, its seven digits would replace those of
-    // the problem, so there is nothing then.
-    static std::optional<double> typed(const GUI_ActionComponent& component, double stored);
-    static std::optional<long> typed(const GUI_ActionComponent& component, long stored);
-    /// Hands what was typed to `store`.
-    template <typename Stored, typename Store>
-    static void take(const GUI_ActionComponent& component, Stored stored, Store store)
-    {
-        if (const auto value = typed(component, stored)) {
-            store(*value);
-        }
-    }
 
     /// The window of the form, or null.
     GUI_ParentWindow* findWindow();

@@ -9,7 +9,8 @@
 #include "linearAlgebra/LA_RealVector.h"
 #include "quorvex/QV_1DProblem.h"
 #include "quorvex/QV_Bloch.h"
-#include "quorvexGui/QVG_NotInBuild.h"
+#include "quorvexGui/QVG_FrequenciesWindow.h"
+#include "quorvexGui/QVG_PolarizationsWindow.h"
 
 #include <algorithm>
 
@@ -63,7 +64,7 @@ void QVG_PhysicalDataBlochPanel::showModel(const Model& model)
     updateLongitudinalRelaxation();
 }
 
-void QVG_PhysicalDataBlochPanel::editModel(GUI_ActionComponent& component, const Model& /*model*/)
+void QVG_PhysicalDataBlochPanel::editModel(GUI_ActionComponent& component, const Model& model)
 {
     switch (component.getFlagId()) {
     case COMPO_LE_N_ATOMS:
@@ -75,7 +76,7 @@ void QVG_PhysicalDataBlochPanel::editModel(GUI_ActionComponent& component, const
              [](double x) { QV_Bloch::setTemperature(std::max(x, 0.0)); });
         break;
     case COMPO_PB_FREQ:
-        showFrequencies();
+        showFrequencies(*model.mProblem);
         break;
     case COMPO_PB_DENSITY:
         showDensity();
@@ -102,9 +103,11 @@ void QVG_PhysicalDataBlochPanel::editModel(GUI_ActionComponent& component, const
     }
 }
 
-void QVG_PhysicalDataBlochPanel::showFrequencies()
+void QVG_PhysicalDataBlochPanel::showFrequencies(const QV_Problem& problem)
 {
-    QVG_NotInBuild::tell();
+    showDetail(mFrequenciesWinId, [&problem](GUI_ParentWindow& parent) {
+        return QVG_FrequenciesWindow::New(parent, *problem.getBlochEquations());
+    });
 }
 
 void QVG_PhysicalDataBlochPanel::showDensity()
@@ -122,7 +125,12 @@ void QVG_PhysicalDataBlochPanel::showDensity()
 
 void QVG_PhysicalDataBlochPanel::showPolarizations()
 {
-    QVG_NotInBuild::tell();
+    showDetail(mPolarizationsWinId, [](GUI_ParentWindow& parent) {
+        if (QV_Bloch::getPolarizations() == nullptr) {
+            QV_Bloch::initPolarizations();
+        }
+        return QVG_PolarizationsWindow::New(parent, *QV_Bloch::getPolarizations());
+    });
 }
 
 void QVG_PhysicalDataBlochPanel::showLongitudinalRelaxation()

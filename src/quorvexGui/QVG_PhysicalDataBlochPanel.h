@@ -1,6 +1,8 @@
 #pragma once
 #include "quorvexGui/QVG_FormPanel.h"
 
+class QV_Problem;
+
 /// The atoms: how many, how warm, and how they relax. All of it is shared by all systems.
 ///
 /// The window of the equilibrium closes when the equilibrium has no effect any more. Those of the frequencies
@@ -28,7 +30,7 @@ protected:
     void editModel(GUI_ActionComponent& component, const Model& model) override;
 
 private:
-    void showFrequencies();
+    void showFrequencies(const QV_Problem& problem);
     void showDensity();
     void showPolarizations();
     void showLongitudinalRelaxation();
@@ -41,4 +43,6 @@ private:
     unsigned long mLongitudinalRelaxationWinId = 0;
     unsigned long mEquilibriumWinId = 0;
     unsigned long mDensityWinId = 0;
+    unsigned long mFrequenciesWinId = 0;
+    unsigned long mPolarizationsWinId = 0;
 };

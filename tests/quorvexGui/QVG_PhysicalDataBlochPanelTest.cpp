@@ -8,10 +8,8 @@
 #include "linearAlgebra/LA_RealMatrix.h"
 #include "linearAlgebra/LA_RealVector.h"
 #include "quorvexGui/QVG_NumericalDataBlochPanel.h"
-#include "support/Dialogs.h"
 #include "support/TestWindows.h"
 
-#include <QMessageBox>
 #include <QSpinBox>
 
 #include <gtest/gtest.h>
@@ -259,20 +257,6 @@ TEST(QVG_PhysicalDataBlochPanel, MissingMatricesAreMade)
     ASSERT_NE(QV_Bloch::getLongitudinalRelaxation(), nullptr);
     ASSERT_NE(QV_Bloch::getEquilibriumDensity(), nullptr);
     EXPECT_EQ(QV_Bloch::getInitialDensity()->getLinesNumber(), QV_Bloch::getLevelsNumber());
-}
-
-TEST(QVG_PhysicalDataBlochPanel, FrequenciesAndPolarizationsAreNotInThisBuild)
-{
-    const TestForms forms;
-    for (const unsigned char flag : {Form::COMPO_PB_FREQ, Form::COMPO_PB_POLARIZATION}) {
-        const auto seen = onNextDialog([](QWidget& dialog) {
-            EXPECT_EQ(dynamic_cast<QMessageBox&>(dialog).text(),
-                      "This window is not in this build.");
-        });
-        forms.click<Form>(flag);
-        EXPECT_TRUE(*seen);
-    }
-    EXPECT_EQ(forms.details().size(), 0UL);
 }
 
 TEST(QVG_PhysicalDataBlochPanel, DensitiesAreEditedCellByCell)

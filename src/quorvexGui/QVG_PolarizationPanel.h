@@ -1,0 +1,20 @@
+#pragma once
+#include "gui/GUI_MatrixPanel.h"
+
+/// The table of a dipole matrix. The largest dipole of all matrices follows each change.
+class QVG_PolarizationPanel : public GUI_MatrixPanel<double>
+{
+    COM_CLASS(QVG_PolarizationPanel)
+public:
+    void updateValues() override;
+    /// Asks for the room in which up to five rows and columns are whole.
+    void fit();
+
+protected:
+    /// `index` is the place among the matrices that all atoms share.
+    QVG_PolarizationPanel(GUI_ParentPanel& parent, unsigned long index);
+    ~QVG_PolarizationPanel() override = default;
+
+private:
+    unsigned long mIndex;
+};
