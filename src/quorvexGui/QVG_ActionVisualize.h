@@ -1,7 +1,7 @@
 #pragma once
 #include "gui/GUI_RootAction.h"
 
-/// The results of the last run. The plotter is not in this build, and the user is told so.
+/// Opens the results of the last run, or raises the window that shows results already.
 class QVG_ActionVisualize : public GUI_RootAction
 {
     COM_CLASS(QVG_ActionVisualize)
@@ -11,4 +11,7 @@ public:
 protected:
     QVG_ActionVisualize();
     ~QVG_ActionVisualize() override = default;
+
+private:
+    unsigned long mWindowId = 0; ///< Of the window opened last; 0 before that.
 };

@@ -6,6 +6,7 @@
 #include "gui/GUI_Application.h"
 #include "gui/GUI_ChildWindow.h"
 #include "gui/GUI_File.h"
+#include "gui2d/GUI2D_PlotterWindow.h"
 #include "metaModel/MM_Class.h"
 #include "quorvex/QV_1DProblem.h"
 #include "quorvex/QV_Bloch.h"
@@ -13,6 +14,9 @@
 #include "quorvexGui/QVG_ClassFactory.h"
 #include "quorvexGui/QVG_MainMenu.h"
 
+#include <QRect>
+
+#include <fstream>
 #include <iostream>
 
 namespace {
@@ -24,6 +28,8 @@ constexpr const char* newProjectWindowType = "GUI_NewProjectWindow";
 constexpr const char* descriptionFile = "projectDescription.txt";
 constexpr const char* resultFiles = "*.res";
 constexpr const char* plotterWindowFiles = "plotter_window_saving_*.xml";
+constexpr const char* plotterWindowFile =
+    "plotter_window_saving_"; ///< The window's number follows.
 
 /// A name that is empty would stand for no file at all, and the present one stays.
 void readName(const MM_Class& metaClass, const char* key, std::string& name)
@@ -128,7 +134,7 @@ void QVG_MainWindow::save() const
     if (!list.isOpen()) {
         return;
     }
-    saveWindows();
+    saveWindows(list.stream());
     std::cout << "save the project file..\n";
     {
         const COM_Scoped factory(QVG_ClassFactory::New());
@@ -138,8 +144,8 @@ void QVG_MainWindow::save() const
     list.commit();
 }
 
-/// Logs the windows and saves texts. The list of plotter windows stays empty: this build has no plotter.
-void QVG_MainWindow::saveWindows() const
+/// Texts and plots are saved with the project.
+void QVG_MainWindow::saveWindows(std::ostream& list) const
 {
     const COM_Scoped windows(COM_Array<GUI_ChildWindow>::New());
     getAllDescents(*windows);
@@ -153,7 +159,19 @@ void QVG_MainWindow::saveWindows() const
         if (window.instanceOf(textWindowType)) {
             window.save();
         }
+        if (const auto* const plotter = dynamic_cast<const GUI2D_PlotterWindow*>(&window)) {
+            savePlotterWindow(*plotter, list);
+        }
     }
+}
+
+void QVG_MainWindow::savePlotterWindow(const GUI2D_PlotterWindow& window, std::ostream& list) const
+{
+    const std::string name = plotterWindowFile + std::to_string(getId(window)) + ".xml";
+    std::cout << "save the plotter window in " << name << "...\n";
+    window.save(getSavingPath(), name);
+    list << name << " " << window.pos().x() << " " << window.pos().y() << " " << window.width()
+         << " " << window.height() << "\n";
 }
 
 void QVG_MainWindow::saveAs(const std::string& path, const std::string& file) const
@@ -216,9 +234,39 @@ void QVG_MainWindow::load()
             parameters->toDo();
         }
     }
-    // The plotter windows that the list names stay closed: this build has no plotter.
     std::cout << "loading finished.\n";
+    loadPlotterWindows();
     updateMenus();
+}
+
+void QVG_MainWindow::loadPlotterWindows()
+{
+    std::ifstream list(getSavingPath() + mPlotterWindowsFileName);
+    std::string name;
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+    while (list >> name >> x >> y >> width >> height) {
+        loadPlotterWindow(name, QRect(x, y, width, height));
+    }
+}
+
+void QVG_MainWindow::loadPlotterWindow(const std::string& name, const QRect& place)
+{
+    std::cout << "create the plotter window corresponding to file " << name << "...\n";
+    const COM_Scoped window(
+        GUI2D_PlotterWindow::New(*this, translate("Quorvex Visualization"), false));
+    window->load(getSavingPath(), name);
+    if (!window->isLoaded()) {
+        window->close(false);
+        return;
+    }
+    // A list written by hand could ask for a window that takes all memory.
+    const QSize size = place.size().boundedTo(screen()->virtualSize());
+    window->setSize(size.width(), size.height());
+    window->move(place.topLeft());
+    window->show();
 }
 
 void QVG_MainWindow::saveToMetaClass(MM_Class& metaClass) const

@@ -2,8 +2,11 @@
 #include "gui/GUI_RootWindow.h"
 #include "metaModel/MM_Object.h"
 
+#include <iosfwd>
 #include <string>
 
+class GUI2D_PlotterWindow;
+class QRect;
 class QV_Problem;
 
 /// The root window, and the owner of the project on disk.
@@ -23,9 +26,10 @@ public:
     /// Begins a project with a default problem and saves it. Windows that show the former project are closed;
     /// the dialog that asks for the new one closes itself.
     void createFile(const std::string& path, const std::string& file) override;
-    /// Reads the project of the window's path and file, whose directory may have been moved.
+    /// Reads the project of the window's path and file, whose directory may have been moved, and opens its
+    /// plots.
     void load() override;
-    /// Writes the project with the texts that are open. Without a project, that is a file name, nothing.
+    /// Writes the project with the texts and the plots that are open. Without a project, that is a file name, nothing.
     void save() const override;
     /// Goes on in another directory, with copies of the results and of the description.
     void saveAs(const std::string& path, const std::string& file) const override;
@@ -50,7 +54,10 @@ private:
     void initComponents();
     void closeProjectWindows();
     void setDefaultModel();
-    void saveWindows() const;
+    void saveWindows(std::ostream& list) const;
+    void savePlotterWindow(const GUI2D_PlotterWindow& window, std::ostream& list) const;
+    void loadPlotterWindows();
+    void loadPlotterWindow(const std::string& name, const QRect& place);
     void moveTexts(const std::string& from, const std::string& to) const;
     void updateMenus() const;
 

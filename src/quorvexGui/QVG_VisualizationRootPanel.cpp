@@ -1,0 +1,126 @@
+#include "quorvexGui/QVG_VisualizationRootPanel.h"
+
+#include "common/COM_Guard.h"
+#include "common/COM_Integer.h"
+#include "common/COM_Scoped.h"
+#include "gui/GUI_Button.h"
+#include "gui/GUI_HBoxLayout.h"
+#include "gui/GUI_RadioButton.h"
+#include "gui/GUI_RootVBoxLayout.h"
+#include "gui/GUI_RootWindow.h"
+#include "quorvex/QV_Results.h"
+#include "quorvexGui/QVG_Captor.h"
+#include "quorvexGui/QVG_CaptorsSelectionPanel.h"
+#include "quorvexGui/QVG_ResultsPlot.h"
+#include "quorvexGui/QVG_VisualizationWindow.h"
+
+#include <algorithm>
+#include <string>
+
+namespace {
+
+constexpr int margin = 11;
+constexpr int spacing = 6;
+
+/// `text` with zeros in front, up to `size` digits.
+std::string padded(const std::string& text, std::size_t size)
+{
+    return std::string(size - std::min(size, text.size()), '0') + text;
+}
+
+} // namespace
+
+QVG_VisualizationRootPanel::QVG_VisualizationRootPanel(GUI_ParentWindow& window)
+    : GUI_RootPanel(window)
+{
+    COM_TYPE(QVG_VisualizationRootPanel);
+    initComponents();
+}
+
+void QVG_VisualizationRootPanel::initComponents()
+{
+    const COM_Scoped layout(GUI_RootVBoxLayout::New(*this));
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(spacing);
+    const COM_Scoped captors(createCaptorsPanel());
+    layout->addPanel(*captors);
+    const COM_Scoped normalization(GUI_RadioButton::New(*this, COMPO_E_NORMALIZATION));
+    normalization->setLabel(translate("E Fields Normalization"));
+    addCentred(*normalization);
+    const COM_Scoped button(GUI_Button::New(*this, COMPO_VISUALIZE_BUTTON));
+    button->setLabel(translate("Visualize"));
+    addCentred(*button);
+}
+
+void QVG_VisualizationRootPanel::addCentred(GUI_ActionComponent& component)
+{
+    const COM_Scoped row(GUI_HBoxLayout::New());
+    getMainLayout()->addToChildren(*row);
+    row->addSpacer(0);
+    row->addToComponents(component);
+    row->addSpacer(0);
+}
+
+std::string QVG_VisualizationRootPanel::getDirectory() const
+{
+    GUI_ParentWindow* const window = getWindow();
+    const GUI_RootWindow* const root = window != nullptr ? window->getRoot() : nullptr;
+    return root != nullptr ? root->getSavingPath() : std::string();
+}
+
+QVG_CaptorsSelectionPanel* QVG_VisualizationRootPanel::createCaptorsPanel()
+{
+    QVG_CaptorsSelectionPanel* const panel = QVG_CaptorsSelectionPanel::New(*this);
+    QV_Results results;
+    results.readCaptors(getDirectory());
+    const std::size_t number = results.getCaptors().size();
+    const std::size_t digits = std::to_string(number).size();
+    std::size_t place = 0;
+    for (const QV_Results::Captor& read : results.getCaptors()) {
+        const COM_Scoped captor(QVG_Captor::New());
+        captor->setLocation(read.mLocation);
+        captor->setRelativePosition(read.mRelativePosition);
+        captor->setPosition(read.mPosition);
+        captor->setRhoSize(read.mRhoSize);
+        captor->setBlochEquationsNumber(read.mBlochEquationsNumber);
+        captor->setEDimension(read.mEDimension);
+        panel->addToItems(*captor,
+                          translate("Captor") + " " + padded(std::to_string(++place), digits));
+    }
+    panel->selectFirst();
+    return panel;
+}
+
+void QVG_VisualizationRootPanel::updateValues()
+{
+    GUI_RootPanel::updateValues();
+    QGroupBox::update();
+}
+
+void QVG_VisualizationRootPanel::componentClicked(GUI_ActionComponent& component)
+{
+    const COM_Guard guard(*this);
+    switch (component.getFlagId()) {
+    case COMPO_VISUALIZE_BUTTON:
+        visualize();
+        break;
+    case COMPO_E_NORMALIZATION:
+        mIsENormalized = COM_Integer::parseInt(component.getValue()) != 0;
+        break;
+    default:
+        break;
+    }
+    updateValues();
+}
+
+void QVG_VisualizationRootPanel::visualize()
+{
+    const auto* const captors = dynamic_cast<QVG_CaptorsSelectionPanel*>(getChild(0));
+    auto* const window = dynamic_cast<QVG_VisualizationWindow*>(getWindow());
+    GUI_RootWindow* const root = window != nullptr ? window->getRoot() : nullptr;
+    if (captors == nullptr || root == nullptr) {
+        return;
+    }
+    window->checkResults();
+    QVG_ResultsPlot::show(*root, *captors, mIsENormalized);
+}
