@@ -1,7 +1,12 @@
 #include "quorvexGui/QVG_MainWindow.h"
 
+#include "common/COM_Color.h"
 #include "gui/GUI_Message.h"
 #include "gui/GUI_NewProjectWindow.h"
+#include "gui2d/GUI2D_Curve.h"
+#include "gui2d/GUI2D_Plotter.h"
+#include "gui2d/GUI2D_PlotterWindow.h"
+#include "linearAlgebra/LA_RealVector.h"
 #include "quorvex/QV_1DProblem.h"
 #include "quorvex/QV_LoaderWriter.h"
 #include "quorvexGui/QVG_ClassFactory.h"
@@ -11,6 +16,9 @@
 #include "support/Description.h"
 #include "support/Dialogs.h"
 #include "support/TestObject.h"
+
+#include <QRect>
+#include <QScreen>
 
 #include <gtest/gtest.h>
 
@@ -66,6 +74,25 @@ std::multiset<std::string> objects(const std::string& text)
     }
     EXPECT_GT(classes.size(), 5U) << text;
     return classes;
+}
+
+/// A shown plotter window with a curve.
+GUI2D_PlotterWindow& addPlot(const TestMainWindow& main, const std::string& name,
+                             const QRect& place)
+{
+    const COM_Scoped window(GUI2D_PlotterWindow::New(*main, "Plot", false));
+    const COM_Scoped color(COM_Color::New(1, 2, 3));
+    window->addPlot(std::vector{1.0, 2.0}, std::vector{3.0, -1.0}, name, *color);
+    window->setSize(place.width(), place.height());
+    window->move(place.topLeft());
+    window->show();
+    return *window;
+}
+
+/// The file of a plotter window in the project.
+std::string fileOf(const GUI2D_PlotterWindow& window)
+{
+    return "plotter_window_saving_" + std::to_string(GUI_ParentWindow::getId(window)) + ".xml";
 }
 
 /// A project file with these fields.
@@ -561,15 +588,162 @@ TEST(QVG_MainWindow, TheModelIsReadFromTheFileThatTheProjectNames)
     EXPECT_TRUE(window.exists("mine.txt"));
 }
 
-TEST(QVG_MainWindow, PlotsThatTheListNamesArePassedOver)
+// ---------------------------------------------------------------- plots
+
+TEST(QVG_MainWindow, PlotsAreSavedUnderTheirNumbersWithPlaceAndSize)
 {
     const TestMainWindow window;
     window.createProject();
-    window.write("savingPlotterWindows.txt", "plotter_window_saving_7.xml 10 20 300 200\n");
+    const GUI2D_PlotterWindow& first = addPlot(window, "first", QRect(10, 20, 400, 300));
+    const COM_Scoped other(GUI_ChildWindow::New(*window));
+    const GUI2D_PlotterWindow& second = addPlot(window, "second", QRect(-5, 40, 640, 480));
+    const std::string firstName = fileOf(first);
+    const std::string secondName = fileOf(second);
+    const std::string log = printedBy([&window] { window->save(); });
+    EXPECT_NE(log.find("\nsave the plotter window in " + firstName + "...\n"), std::string::npos);
+    EXPECT_NE(log.find("\nsave the plotter window in " + secondName + "...\n"), std::string::npos);
+    EXPECT_LT(log.find(secondName), log.find("save the project file..\n"));
+    EXPECT_EQ(window.read("savingPlotterWindows.txt"),
+              firstName + " 10 20 400 300\n" + secondName + " -5 40 640 480\n");
+    EXPECT_GT(GUI_ParentWindow::getId(second), GUI_ParentWindow::getId(first) + 1);
+    EXPECT_EQ(first.getSavingPath(), window.path());
+    EXPECT_EQ(first.getSavingFile(), firstName);
+    EXPECT_TRUE(window.exists(firstName));
+    EXPECT_TRUE(window.exists(secondName));
+}
+
+TEST(QVG_MainWindow, PlotsComeBackWithTheProjectWhereverItLies)
+{
+    const TestMainWindow window;
+    window.createProject();
+    addPlot(window, "first", QRect(10, 20, 400, 300));
+    addPlot(window, "second", QRect(30, 40, 640, 480));
+    window->save();
+    window.createOtherProject();
+    EXPECT_TRUE(window.children().empty());
+    const std::string moved = window.directory().slashed() + "moved/";
+    std::filesystem::rename(window.path(), moved);
+    const std::string list = window.directory().read("moved/savingPlotterWindows.txt");
+    const std::string log = printedBy([&] { window->load(moved + "project.dpj"); });
+    EXPECT_EQ(log.substr(log.find("loading finished.\n")),
+              "loading finished.\ncreate the plotter window corresponding to file "
+                  + list.substr(0, list.find(' '))
+                  + "...\ncreate the plotter window corresponding to file "
+                  + list.substr(list.find('\n') + 1, list.find(' ')) + "...\n");
+    ASSERT_EQ(window.children(),
+              (std::vector<std::string>{"Options Window", "Quorvex Visualization",
+                                        "Quorvex Visualization"}));
+    const COM_Scoped children(COM_Array<GUI_ChildWindow>::New());
+    window->getChildren(*children);
+    const auto& second = dynamic_cast<GUI2D_PlotterWindow&>((*children)[2]);
+    EXPECT_TRUE(second.isVisible());
+    EXPECT_EQ(second.pos(), QPoint(30, 40));
+    EXPECT_EQ(second.size(), QSize(640, 480));
+    ASSERT_EQ(second.getPlotsNumber(), 1UL);
+    const GUI2D_Curve& curve = second.getPlotter()->getCurves()[0];
+    EXPECT_EQ(curve.getName(), "second");
+    EXPECT_EQ(curve.getYValues()->toString(), "(3.000000e+00,-1.000000e+00)");
+}
+
+TEST(QVG_MainWindow, PlotsThatAreClosedLeaveTheProjectWithTheNextSaving)
+{
+    const TestMainWindow window;
+    window.createProject();
+    GUI2D_PlotterWindow& plot = addPlot(window, "first", QRect(10, 20, 400, 300));
+    window->save();
+    const std::string name = fileOf(plot);
+    plot.close(false);
+    window->save();
+    EXPECT_FALSE(window.exists(name));
+    EXPECT_EQ(window.read("savingPlotterWindows.txt"), "");
+}
+
+TEST(QVG_MainWindow, SavingAsTakesThePlotsAlongAndLeavesTheFormerOnes)
+{
+    const TestMainWindow window;
+    window.createProject();
+    const GUI2D_PlotterWindow& plot = addPlot(window, "first", QRect(10, 20, 400, 300));
+    window->save();
+    const std::string other = window.directory().slashed() + "elsewhere/";
+    std::filesystem::create_directory(other);
+    window->saveAs(other, "project.dpj");
+    EXPECT_TRUE(window.exists(fileOf(plot)));
+    EXPECT_TRUE(std::filesystem::exists(other + fileOf(plot)));
+    EXPECT_EQ(window.directory().read("elsewhere/savingPlotterWindows.txt"),
+              window.read("savingPlotterWindows.txt"));
+}
+
+TEST(QVG_MainWindow, PlotsWhoseFilesAreMissingOrForeignStayClosed)
+{
+    const TestMainWindow window;
+    window.createProject();
     window.write("plotter_window_saving_7.xml", "");
-    window->load(window.file("project.dpj"));
+    window.write("savingPlotterWindows.txt", "plotter_window_saving_7.xml 10 20 300 200\n"
+                                             "plotter_window_saving_8.xml 10 20 300 200\n"
+                                             "parameters.xml 10 20 300 200\n");
+    const std::string parameters = window.read("parameters.xml");
+    const std::string log = printedBy([&] { window->load(window.file("project.dpj")); });
+    EXPECT_NE(log.find("create the plotter window corresponding to file parameters.xml...\n"),
+              std::string::npos);
     EXPECT_EQ(window.children(), std::vector<std::string>{"Options Window"});
     EXPECT_TRUE(window.exists("plotter_window_saving_7.xml"));
+    EXPECT_EQ(window.read("parameters.xml"), parameters);
+}
+
+TEST(QVG_MainWindow, TheListIsReadUpToItsFirstDamagedLine)
+{
+    const TestMainWindow window;
+    window.createProject();
+    const std::string name = fileOf(addPlot(window, "first", QRect(10, 20, 400, 300)));
+    window->save();
+    window.write("savingPlotterWindows.txt",
+                 name + " 10 20 2000000000 -7\n" + name + " 1 2 x 4\n" + name + " 10 20 300 200\n");
+    window->load(window.file("project.dpj"));
+    ASSERT_EQ(window.children(),
+              (std::vector<std::string>{"Options Window", "Quorvex Visualization"}));
+    const COM_Scoped children(COM_Array<GUI_ChildWindow>::New());
+    window->getChildren(*children);
+    EXPECT_LE((*children)[1].width(), (*children)[1].screen()->virtualSize().width());
+    EXPECT_GT((*children)[1].height(), 0);
+}
+
+// Whenever the power fails, a plot is missing or whole, and the list is the former or the new one.
+TEST(QVG_MainWindow, APlotWhoseSavingIsKilledIsMissingOrWhole)
+{
+    constexpr int kills = 20;
+    constexpr int step = 171; // us
+    const TestMainWindow window;
+    window.createProject();
+    const GUI2D_PlotterWindow& plot = addPlot(window, "first", QRect(10, 20, 400, 300));
+    window->save();
+    const std::string name = fileOf(plot);
+    const std::string whole = window.read(name);
+    for (int i = 0; i < kills; ++i) {
+        int pipeEnds[2];
+        ASSERT_EQ(pipe(pipeEnds), 0);
+        const pid_t child = startInChild([&window, &pipeEnds] {
+            std::cout.setstate(std::ios::failbit); // its log would mingle with ours
+            for (char round = 0;; round = 1) {
+                window->save();
+                if (round == 0 && ::write(pipeEnds[1], &round, 1) != 1) {
+                    return 1;
+                }
+            }
+        });
+        close(pipeEnds[1]);
+        char round = 1;
+        const bool hasSaved = ::read(pipeEnds[0], &round, 1) == 1;
+        close(pipeEnds[0]);
+        usleep(static_cast<useconds_t>(i * step));
+        kill(child, SIGKILL);
+        EXPECT_EQ(endOfChild(child), -SIGKILL);
+        ASSERT_TRUE(hasSaved) << "kill " << i;
+        ASSERT_EQ(window.read("savingPlotterWindows.txt"), name + " 10 20 400 300\n")
+            << "kill " << i;
+        if (window.exists(name)) {
+            ASSERT_EQ(window.read(name), whole) << "kill " << i;
+        }
+    }
 }
 
 TEST(QVG_MainWindow, AProjectWithoutListOpens)

@@ -52,6 +52,5 @@ TEST_P(QVG_NotInBuildActionTest, TheActionSaysThatItsWindowIsNotInThisBuild)
 
 INSTANTIATE_TEST_SUITE_P(Actions, QVG_NotInBuildActionTest,
                          testing::Values(Place{QVG_MainMenu::EDIT, 1, "EditProject"},
-                                         Place{QVG_MainMenu::VISUALIZE, 0, "Visualize"},
                                          Place{QVG_MainMenu::HELP, 0, "Manual"}),
                          [](const auto& row) { return row.param.mName; });
