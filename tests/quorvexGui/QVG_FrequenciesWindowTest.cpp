@@ -1,7 +1,8 @@
 #include "quorvexGui/QVG_FrequenciesWindow.h"
 
 #include "FieldCase.h"
-#include "gui/GUI_ListBox.h"
+#include "gui/GUI_ListPanel.h"
+#include "gui/GUI_RootLayout.h"
 #include "gui/GUI_Table.h"
 #include "linearAlgebra/LA_ComplexMatrix.h"
 #include "linearAlgebra/LA_RealMatrix.h"

@@ -3,6 +3,7 @@
 #include "common/COM_Color.h"
 #include "gui/GUI_ActionComponent.h"
 #include "gui/GUI_ListPanel.h"
+#include "gui/GUI_RootLayout.h"
 #include "gui/GUI_RootPanel.h"
 #include "gui/GUI_SpinBox.h"
 #include "gui/GUI_Table.h"
