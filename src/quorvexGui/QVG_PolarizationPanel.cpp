@@ -1,8 +1,6 @@
 #include "quorvexGui/QVG_PolarizationPanel.h"
 
 #include "gui/GUI_RootPanel.h"
-#include "gui/GUI_Table.h"
-#include "gui/GUI_TableFit.h"
 #include "linearAlgebra/LA_RealMatrix.h"
 #include "quorvex/QV_Bloch.h"
 #include "quorvexGui/QVG_DataWindow.h"
@@ -12,12 +10,6 @@ QVG_PolarizationPanel::QVG_PolarizationPanel(GUI_ParentPanel& parent, unsigned l
     , mIndex(index)
 {
     COM_TYPE(QVG_PolarizationPanel);
-}
-
-void QVG_PolarizationPanel::fit()
-{
-    constexpr int cells = 5;
-    getTable()->setMinimumSize(GUI_TableFit::wholeSize(*getTable(), cells, cells));
 }
 
 void QVG_PolarizationPanel::updateValues()

@@ -7,8 +7,6 @@ class QVG_PolarizationPanel : public GUI_MatrixPanel<double>
     COM_CLASS(QVG_PolarizationPanel)
 public:
     void updateValues() override;
-    /// Asks for the room in which up to five rows and columns are whole.
-    void fit();
 
 protected:
     /// `index` is the place among the matrices that all atoms share.

@@ -43,7 +43,6 @@ void QVG_PolarizationsRootPanel::addPanel(unsigned long index)
         panel->setLabel(translate(mLabels[index]));
     }
     panel->setMatrix(mPolarizations->get(index));
-    panel->fit();
     getMainLayout()->addPanel(*panel);
 }
 

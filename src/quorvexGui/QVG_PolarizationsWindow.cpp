@@ -1,7 +1,12 @@
 #include "quorvexGui/QVG_PolarizationsWindow.h"
 
 #include "common/COM_Scoped.h"
+#include "gui/GUI_Table.h"
+#include "gui/GUI_TableFit.h"
+#include "quorvexGui/QVG_PolarizationPanel.h"
 #include "quorvexGui/QVG_PolarizationsRootPanel.h"
+
+#include <QScreen>
 
 QVG_PolarizationsWindow::QVG_PolarizationsWindow(GUI_ParentWindow& parent,
                                                  COM_Array<LA_RealMatrix>& polarizations)
@@ -15,5 +20,21 @@ void QVG_PolarizationsWindow::initComponents(COM_Array<LA_RealMatrix>& polarizat
 {
     setName(translate("Initial Polarizations Window"));
     const COM_Scoped panel(QVG_PolarizationsRootPanel::New(*this, polarizations));
-    setSize(sizeHint().width(), sizeHint().height());
+    fit(*panel);
+}
+
+void QVG_PolarizationsWindow::fit(const QVG_PolarizationsRootPanel& panel)
+{
+    constexpr int cells = 5;
+    constexpr int narrowest = 320; // room for a caption beside the buttons of the frame
+    QSize size = sizeHint();
+    for (unsigned long i = 0; i < panel.getChildren().size(); ++i) {
+        const GUI_Table& table =
+            *dynamic_cast<QVG_PolarizationPanel&>(panel.getChildren()[i]).getTable();
+        const QSize missing = GUI_TableFit::wholeSize(table, cells, cells) - table.sizeHint();
+        size.rwidth() += missing.width();
+        size.rheight() += i == 0 ? missing.height() : 0; // all have as many rows
+    }
+    size = size.expandedTo({narrowest, 0}).boundedTo(screen()->availableSize());
+    setSize(size.width(), size.height());
 }

@@ -72,10 +72,11 @@ TEST(QVG_PolarizationsWindow, TypesAreThoseOfItsClasses)
 TEST(QVG_PolarizationsWindow, ThreeComponentsHaveATableEach)
 {
     const TestForms forms;
-    forms.type<QVG_PhysicalDataMaxwellPanel>(QVG_PhysicalDataMaxwellPanel::COMPO_DIMENSION, "3");
+    QV_Bloch::setPolarizationsSize(3); // more than the form offers
     forms.click<Form>(Form::COMPO_PB_POLARIZATION);
     EXPECT_EQ(titlesOf(forms), (Texts{"X Direction Polarization", "Y Direction Polarization",
                                       "Z Direction Polarization"}));
+    ASSERT_EQ(QV_Bloch::getPolarizations()->size(), 3UL);
     for (const int i : {0, 1, 2}) {
         EXPECT_EQ(tableOf(forms, i).getMatrix(), &(*QV_Bloch::getPolarizations())[i]);
     }
@@ -117,14 +118,16 @@ TEST(QVG_PolarizationsWindow, LoweringTheLargestDipoleLowersItsValue)
     EXPECT_EQ(QV_Bloch::getMaxPolarizationValue(), 3e-30);
 }
 
-TEST(QVG_PolarizationsWindow, MissingMatricesAreMade)
+TEST(QVG_PolarizationsWindow, AMatrixThatHasLeftTheAtomsDoesNotComeBack)
 {
     const TestForms forms;
-    QV_Bloch::resetShared();
-    ASSERT_EQ(QV_Bloch::getPolarizations(), nullptr);
     forms.click<Form>(Form::COMPO_PB_POLARIZATION);
-    ASSERT_NE(QV_Bloch::getPolarizations(), nullptr);
-    EXPECT_EQ(titlesOf(forms), Texts{"X Direction Polarization"});
+    QV_Bloch::resetShared();
+    const LA_RealMatrix* const matrix = &(*QV_Bloch::getPolarizations())[0];
+    tableOf(forms, 0).getTable()->item(0, 1)->setText("4e-28");
+    EXPECT_EQ(&(*QV_Bloch::getPolarizations())[0], matrix);
+    EXPECT_EQ(matrix->getValue(0, 1), 1e-29);
+    EXPECT_EQ(QV_Bloch::getMaxPolarizationValue(), 1e-29);
 }
 
 TEST(QVG_PolarizationsWindow, AClickOnTheFormItselfDoesNothing)

@@ -1,6 +1,7 @@
 #include "quorvexGui/QVG_VisualizationWindow.h"
 
 #include "common/COM_Color.h"
+#include "FocusOrder.h"
 #include "gui/GUI_ActionComponent.h"
 #include "gui/GUI_ListPanel.h"
 #include "gui/GUI_RootLayout.h"
@@ -701,24 +702,16 @@ TEST(QVG_VisualizationWindow, TabGoesDownTheForm)
 {
     const TestResults results(captor(7, 2, 2, 2));
     results.open();
-    results.list().setFocus();
-    std::vector<const QWidget*> visited;
-    for (int i = 0; i < 9; ++i) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab,
-                        QApplication::focusWidget()->inherits("QTableWidget") ? Qt::ControlModifier
-                                                                              : Qt::NoModifier);
-        visited.push_back(QApplication::focusWidget());
-    }
-    std::vector<const QWidget*> expected;
+    std::vector<const QWidget*> form{&results.list()};
     for (const unsigned char flag :
          {Item::COMPO_POSITION, Item::COMPO_RELATIVE_POSITION, Item::COMPO_LOCATION, Item::COMPO_Ex,
           Item::COMPO_Ey, Item::COMPO_BLOCH_NUMBER}) {
-        expected.push_back(results.field(flag).qtWidget());
+        form.push_back(results.field(flag).qtWidget());
     }
-    expected.push_back(results.marks().getTable());
-    expected.push_back(results.component(Root::COMPO_E_NORMALIZATION).qtWidget());
-    expected.push_back(results.component(Root::COMPO_VISUALIZE_BUTTON).qtWidget());
-    EXPECT_EQ(visited, expected);
+    form.push_back(results.marks().getTable());
+    form.push_back(results.component(Root::COMPO_E_NORMALIZATION).qtWidget());
+    form.push_back(results.component(Root::COMPO_VISUALIZE_BUTTON).qtWidget());
+    EXPECT_EQ(focusOrder(results.list(), form), form);
 }
 
 TEST(QVG_VisualizationWindow, SwitchAndButtonStandInTheMiddle)
