@@ -15,6 +15,7 @@
 #include "quorvexGui/QVG_MainMenu.h"
 
 #include <QRect>
+#include <QScreen>
 
 #include <fstream>
 #include <iostream>

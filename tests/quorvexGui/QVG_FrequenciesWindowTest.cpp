@@ -15,7 +15,9 @@
 #include "support/TestWindows.h"
 
 #include <QGroupBox>
+#include <QLabel>
 #include <QListWidget>
+#include <QSpinBox>
 
 #include <gtest/gtest.h>
 

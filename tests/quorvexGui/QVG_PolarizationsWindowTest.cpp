@@ -10,6 +10,7 @@
 #include "support/TestWindows.h"
 
 #include <QSpinBox>
+#include <QStatusBar>
 
 #include <gtest/gtest.h>
 
