@@ -29,7 +29,7 @@ ensure_packages() {
 BUILD_PACKAGES="g++ cmake ninja-build ccache"
 GUI_PACKAGES="qt6-base-dev qt6-svg-dev libgif-dev qt6-translations-l10n fonts-dejavu-core"
 TEST_PACKAGES="libgtest-dev"
-GUI_TEST_PACKAGES="xvfb openbox xdotool x11-utils"
+GUI_TEST_PACKAGES="xvfb openbox xdotool x11-utils imagemagick"
 CLANG_PACKAGES="clang libclang-rt-14-dev"
 TOOL_PACKAGES="clang-format clang-tidy"
 BENCH_PACKAGES="libbenchmark-dev libqcustomplot-dev libqcustomplot2.1-qt6"
