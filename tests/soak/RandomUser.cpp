@@ -2,6 +2,7 @@
 
 #include "gui/GUI_Application.h"
 #include "gui/GUI_RootWindow.h"
+#include "gui2d/GUI2D_DrawPanel.h"
 #include "quorvex/QV_1DMilieu.h"
 #include "quorvex/QV_Bloch.h"
 #include "quorvex/QV_Problem.h"
@@ -18,8 +19,10 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPointer>
+#include <QPrintDialog>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <utility>
@@ -172,6 +175,11 @@ void RandomUser::actIn(QWidget& window)
         return;
     }
     auto* const dialog = qobject_cast<QDialog*>(&window);
+    if (qobject_cast<QPrintDialog*>(dialog) != nullptr) {
+        // What it prints to would lie outside the working directory.
+        QTest::keyClick(dialog, Qt::Key_Escape);
+        return;
+    }
     if (dialog != nullptr && dialog->findChild<QAbstractSpinBox*>() == nullptr
         && dialog->findChild<QLineEdit*>() == nullptr) {
         answerCheck(*dialog);
@@ -254,10 +262,33 @@ void RandomUser::answerCheck(QDialog& dialog)
 void RandomUser::click(QWidget& widget)
 {
     const QPoint place(below(std::max(widget.width(), 1)), below(std::max(widget.height(), 1)));
-    if (once(10)) {
+    if (dynamic_cast<GUI2D_DrawPanel*>(&widget) != nullptr && !once(3)) {
+        useMouseOn(widget, place);
+    } else if (once(10)) {
         QTest::mouseDClick(&widget, Qt::LeftButton, {}, place);
     } else {
         QTest::mouseClick(&widget, once(15) ? Qt::RightButton : Qt::LeftButton, {}, place);
+    }
+}
+
+/// Drags a rectangle from `place`, or turns the wheel there.
+void RandomUser::useMouseOn(QWidget& plot, const QPoint& place)
+{
+    const QPointF global = plot.mapToGlobal(QPointF(place));
+    if (once(3)) {
+        QWheelEvent wheel(place, global, {}, QPoint(0, once(2) ? 120 : -120), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&plot, &wheel);
+        return;
+    }
+    const QPointer<QWidget> life = &plot;
+    QTest::mousePress(&plot, Qt::LeftButton, {}, place);
+    const QPoint end(below(std::max(plot.width(), 1)), below(std::max(plot.height(), 1)));
+    if (life != nullptr) {
+        QTest::mouseMove(&plot, end);
+    }
+    if (life != nullptr) {
+        QTest::mouseRelease(&plot, Qt::LeftButton, {}, end);
     }
 }
 

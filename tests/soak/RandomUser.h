@@ -9,6 +9,7 @@ class QAbstractItemView;
 class QDialog;
 class QMenu;
 class QMessageBox;
+class QPoint;
 class QWidget;
 
 /// Somebody who does whatever a mouse and a keyboard can do to the windows of the running application, one act at a
@@ -34,6 +35,7 @@ private:
     void answer(QMessageBox& box);
     void answerCheck(QDialog& dialog);
     void click(QWidget& widget);
+    void useMouseOn(QWidget& plot, const QPoint& place);
     void type(QWidget& field);
     void pressKey(QWidget& window);
     void triggerAction(const QWidget& window);

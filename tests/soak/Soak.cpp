@@ -4,7 +4,9 @@
 // of acts is done or until the program ends, which the exit entry, a closed main window, the arithmetic trap and
 // a run that cannot write its files do by design. Any other end, a hang, what a sanitizer finds, and an
 // object that the counts refuse to delete make the soak fail; it names the seed.
+#include "gui/GUI_MenuPanel.h"
 #include "gui/GUI_RootWindow.h"
+#include "quorvex/QV_Problem.h"
 #include "quorvexGui/QVG_Application.h"
 #include "RandomUser.h"
 #include "support/TestDirectory.h"
@@ -29,6 +31,13 @@ namespace {
 constexpr int actsOfAProcess = 400;
 constexpr unsigned patience = 120; ///< Seconds that one act may take.
 
+void runShortly(QV_Problem& problem)
+{
+    problem.setMaxTimeStepsNumber(150);
+    problem.setSavingPath("./");
+    problem.run();
+}
+
 /// Plays in this process. What the program's entry returns.
 int play(unsigned seed, int acts, int& actsDone)
 {
@@ -38,6 +47,10 @@ int play(unsigned seed, int acts, int& actsDone)
     QVG_Application* const application = QVG_Application::New(1, arguments);
     if (seed % 4 != 0) { // else the user has to make a project himself
         application->getMainWindow()->createFile("./", "soak.dpj");
+    }
+    if (seed % 2 == 1) { // else there are no results before the user has run something
+        runShortly(dynamic_cast<QV_Problem&>(*application->getModel()));
+        application->getMainWindow()->getMenu()->updateStateMenus();
     }
     RandomUser user(seed, acts, [&actsDone] {
         ++actsDone;
