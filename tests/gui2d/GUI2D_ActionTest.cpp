@@ -116,6 +116,20 @@ TEST(GUI2D_Action, HidingTheAxesRepaints)
     EXPECT_NE(plot.plotter().grab().toImage(), before);
 }
 
+TEST(GUI2D_Action, EachActionOnTheViewRepaints)
+{
+    const TestPlot plot;
+    plot.addAndShow();
+    Repaints repaints(plot.plotter());
+    EXPECT_EQ(repaints.take(), 0);
+    for (const char* const label :
+         {"Show &Axes", "Show &Grid", "Zoom +", "Zoom -", "Zoom Select", "Zoom Fit", "&Undo",
+          "&Redo", "Move North", "Move South", "Move West", "Move East"}) {
+        plot.trigger(label);
+        EXPECT_GT(repaints.take(), 0) << label;
+    }
+}
+
 TEST(GUI2D_Action, ZoomPlusAndMinusUseTheZoomFactor)
 {
     const TestPlot plot;

@@ -103,6 +103,28 @@ TEST(GUI2D_LegendPanel, TheEastMarginStaysWhenTheLegendsGo)
     EXPECT_EQ(legends.plot().plotter().getEastWidth(), width);
 }
 
+TEST(GUI2D_LegendPanel, EachChangeRepaintsThePlot)
+{
+    const Legends legends(1);
+    legends.select(0);
+    Repaints repaints(legends.plot().plotter());
+    EXPECT_EQ(repaints.take(), 0);
+    Legends::click(legends.box(Panel::COMPO_VISIBLE_IN_LEGEND));
+    EXPECT_GT(repaints.take(), 0);
+    Legends::click(legends.box(Panel::COMPO_VISIBLE_IN_SUBTITLES));
+    EXPECT_GT(repaints.take(), 0);
+    Legends::click(legends.field<GUI_CheckBox>(Item::COMPO_VISIBLE));
+    EXPECT_GT(repaints.take(), 0);
+}
+
+TEST(GUI2D_LegendPanel, ComponentsAreNumberedInTheirOrder)
+{
+    EXPECT_EQ(Panel::COMPO_VISIBLE_IN_SUBTITLES, 0);
+    EXPECT_EQ(Panel::COMPO_VISIBLE_IN_LEGEND, 1);
+    EXPECT_EQ(Panel::COMPO_XLOG, 2);
+    EXPECT_EQ(Panel::COMPO_YLOG, 3);
+}
+
 TEST(GUI2D_LegendPanel, NumbersOfCurvesAreAsWideAsTheirCount)
 {
     const Legends few(2);

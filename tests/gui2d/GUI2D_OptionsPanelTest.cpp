@@ -235,6 +235,42 @@ TEST(GUI2D_OptionsPanel, EachColorIsThatOfItsName)
     }
 }
 
+TEST(GUI2D_OptionsPanel, EachChangeRepaintsThePlot)
+{
+    const Options options;
+    Repaints repaints(options.plotter());
+    EXPECT_EQ(repaints.take(), 0);
+    options.type(Panel::COMPO_LE_TITLE, "A title");
+    EXPECT_GT(repaints.take(), 0);
+    options.type(Panel::COMPO_LE_XLABEL, "x");
+    EXPECT_GT(repaints.take(), 0);
+    options.get<QSpinBox>(Panel::COMPO_SB_DIGIT).setValue(2);
+    EXPECT_GT(repaints.take(), 0);
+    for (const unsigned char flag : {Panel::COMPO_RB_ORTHO, Panel::COMPO_RB_SCALE,
+                                     Panel::COMPO_RB_TITLE, Panel::COMPO_RB_YLABEL}) {
+        options.click(flag);
+        EXPECT_GT(repaints.take(), 0) << int(flag);
+    }
+}
+
+TEST(GUI2D_OptionsPanel, ComponentsAreNumberedInTheirOrder)
+{
+    unsigned char number = 0;
+    for (const unsigned char flag : {Panel::COMPO_SB_PANX,       Panel::COMPO_SB_PANY,
+                                     Panel::COMPO_SB_DIGIT,      Panel::COMPO_LE_ZOOM,
+                                     Panel::COMPO_LE_TITLE,      Panel::COMPO_LE_XLABEL,
+                                     Panel::COMPO_LE_YLABEL,     Panel::COMPO_BUTTON_SCALE,
+                                     Panel::COMPO_BUTTON_XLABEL, Panel::COMPO_BUTTON_YLABEL,
+                                     Panel::COMPO_BUTTON_TITLE,  Panel::COMPO_BUTTON_BACKGROUND,
+                                     Panel::COMPO_BUTTON_AXE,    Panel::COMPO_BUTTON_GRID,
+                                     Panel::COMPO_BUTTON_BORDER, Panel::COMPO_BUTTON_BORDER_LINE,
+                                     Panel::COMPO_RB_ORTHO,      Panel::COMPO_RB_SCALE,
+                                     Panel::COMPO_RB_TITLE,      Panel::COMPO_RB_XLABEL,
+                                     Panel::COMPO_RB_YLABEL}) {
+        EXPECT_EQ(flag, number++);
+    }
+}
+
 TEST(GUI2D_OptionsPanel, TabGoesDownTheForm)
 {
     const Options options;

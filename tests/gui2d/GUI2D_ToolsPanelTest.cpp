@@ -106,6 +106,58 @@ TEST(GUI2D_ToolsPanel, TextsAreThoseOfTheForm)
     EXPECT_TRUE(labels.contains("FFT computed on the 2 power"));
 }
 
+TEST(GUI2D_ToolsPanel, ComponentsAreNumberedInTheirOrder)
+{
+    unsigned char number = 0;
+    for (const unsigned char flag :
+         {Panel::COMPO_LOGX, Panel::COMPO_LOGY, Panel::COMPO_FFTX, Panel::COMPO_FFTY,
+          Panel::COMPO_FFTX_PERIOD, Panel::COMPO_FFTY_PERIOD, Panel::COMPO_FFT2P,
+          Panel::COMPO_LABEL_FFT, Panel::COMPO_OK, Panel::COMPO_CANCEL}) {
+        EXPECT_EQ(flag, number++);
+    }
+}
+
+TEST(GUI2D_ToolsPanel, TheShortestCurveLimitsThePowerFromTheStart)
+{
+    const TestPlot plot;
+    plot.add(std::vector<double>(100), std::vector<double>(100));
+    plot.add({0.0, 1.0, 2.0, 3.0, 4.0}, {0.0, 1.0, 2.0, 3.0, 4.0});
+    plot.add(std::vector<double>(16), std::vector<double>(16));
+    plot->show();
+    const auto& panel = *plot.open<GUI2D_ToolsWindow>("Log/FFT Transform").getPanel();
+    EXPECT_EQ(dynamic_cast<GUI_SpinBox&>(*panel.getComponent(Panel::COMPO_FFT2P)).maximum(), 2);
+    EXPECT_EQ(dynamic_cast<GUI_Label&>(*panel.getComponent(Panel::COMPO_LABEL_FFT)).text(),
+              "(4/5) last values");
+}
+
+TEST(GUI2D_ToolsPanel, EachSwitchIsThatOfItsTransform)
+{
+    const std::vector<std::pair<unsigned char, std::string>> switches{
+        {Panel::COMPO_LOGX, "LOG(X)"},
+        {Panel::COMPO_LOGY, "LOG(Y)"},
+        {Panel::COMPO_FFTX, "FFT(X)"},
+        {Panel::COMPO_FFTY, "FFT(Y)"}};
+    const Tools tools(8);
+    for (const auto& [flag, description] : switches) {
+        tools.click(flag);
+        tools.click(Panel::COMPO_OK);
+        tools.click(flag);
+        EXPECT_EQ(tools.results().back()->getName(), "Quorvex Tools - " + description);
+    }
+}
+
+TEST(GUI2D_ToolsPanel, TheStepOnYIsThePeriodOfXTransforms)
+{
+    const Tools tools(8);
+    tools.type(Panel::COMPO_FFTX_PERIOD, "5");
+    tools.type(Panel::COMPO_FFTY_PERIOD, "0.5");
+    tools.click(Panel::COMPO_FFTX);
+    tools.click(Panel::COMPO_OK);
+    ASSERT_EQ(tools.results().size(), 1U);
+    EXPECT_NEAR(tools.results()[0]->getPlotter()->getCurves()[0].getYMin(),
+                -4.0 * 6.283185307179586 / (8.0 * 0.5), 1e-12);
+}
+
 TEST(GUI2D_ToolsPanel, PowersOfTwoAreCountedExactly)
 {
     for (const int points : {1, 2, 3, 4, 7, 8, 1024}) {

@@ -200,6 +200,20 @@ TEST(GUI2D_Transform, ShowsTheCurvesInANewWindow)
     result.close(false);
 }
 
+TEST(GUI2D_Transform, TheLabelOfXIsWrappedInItsOwnTransforms)
+{
+    const TestPlot plot;
+    plot.add(ramp, sawtooth);
+    plot.plotter().setXLabel("t");
+    plot.plotter().setYLabel("E");
+    plot.plotter().transform(true, false, true, false, 3, 1.0, 1.0);
+    const std::vector<GUI2D_PlotterWindow*> windows = plot.root().children<GUI2D_PlotterWindow>();
+    ASSERT_EQ(windows.size(), 2U);
+    EXPECT_EQ(windows[1]->getPlotter()->getXLabel(), "LOG(FFT(t))");
+    EXPECT_EQ(windows[1]->getPlotter()->getYLabel(), "E");
+    EXPECT_EQ(windows[1]->getPlotter()->getTitle(), "Title - LOG(FFT(X))");
+}
+
 TEST(GUI2D_Transform, WithoutAnyTheTitleStays)
 {
     const TestPlot plot;

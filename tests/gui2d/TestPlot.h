@@ -10,10 +10,12 @@
 #include "gui2d/GUI2D_PlotterWindow.h"
 #include "support/ProjectRoot.h"
 
+#include <QEvent>
 #include <QToolButton>
 
 #include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// A plotter window below a root window, texts in English.
@@ -112,4 +114,31 @@ public:
 private:
     ProjectRoot mRoot;
     GUI2D_PlotterWindow* mWindow; ///< Held by the root window.
+};
+
+/// Counts how often a widget is painted on the screen.
+class Repaints : public QObject
+{
+public:
+    explicit Repaints(QWidget& widget)
+    {
+        settle();
+        widget.installEventFilter(this);
+    }
+    /// Since the last call.
+    int take()
+    {
+        settle();
+        return std::exchange(mNumber, 0);
+    }
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        mNumber += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+private:
+    int mNumber = 0;
 };
