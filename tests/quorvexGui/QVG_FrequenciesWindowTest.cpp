@@ -172,6 +172,28 @@ TEST(QVG_FrequenciesWindow, ShowsTheLevelsAndTheLaw)
     EXPECT_EQ(box.maximum(), 100);
 }
 
+TEST(QVG_FrequenciesWindow, ComponentsAreNumberedInTheirOrder)
+{
+    unsigned char number = 0;
+    for (const unsigned char flag : {Root::COMPO_SB_ELN, Root::COMPO_CB_STAT, Root::COMPO_LE_MEAN,
+                                     Root::COMPO_LE_TYPE, Root::COMPO_PB_GENERATE}) {
+        EXPECT_EQ(flag, number++);
+    }
+}
+
+TEST(QVG_FrequenciesWindow, PartsStandBelowEachOther)
+{
+    const TestFrequencies frequencies(2);
+    settle();
+    const auto top = [&](const QWidget& widget) {
+        return widget.mapTo(&frequencies.root(), QPoint()).y();
+    };
+    const QWidget& levels = *frequencies.component(Root::COMPO_SB_ELN).qtWidget();
+    EXPECT_LE(top(levels) + levels.height(), top(frequencies.selection()));
+    EXPECT_LE(top(frequencies.selection()) + frequencies.selection().height(),
+              top(frequencies.group()));
+}
+
 TEST(QVG_FrequenciesWindow, WithASingleSystemNoLawCanBeUsed)
 {
     const TestFrequencies single;

@@ -83,6 +83,16 @@ TEST(QVG_PolarizationsWindow, ThreeComponentsHaveATableEach)
     }
 }
 
+TEST(QVG_PolarizationsWindow, TablesStandSideBySide)
+{
+    const TestForms forms;
+    QV_Bloch::setPolarizationsSize(2);
+    forms.click<Form>(Form::COMPO_PB_POLARIZATION);
+    settle();
+    EXPECT_EQ(tableOf(forms, 0).y(), tableOf(forms, 1).y());
+    EXPECT_LE(tableOf(forms, 0).geometry().right(), tableOf(forms, 1).x());
+}
+
 TEST(QVG_PolarizationsWindow, TablesFollowTheDimensionOfTheField)
 {
     const TestForms forms;

@@ -328,10 +328,20 @@ TEST(QVG_CaptorItemPanel, ShowsTheCaptorReadOnly)
 
 TEST(QVG_CaptorItemPanel, RelativePositionsPassThroughSinglePrecision)
 {
-    const TestResults results("captors RelPosition: 0.123456789");
+    const TestResults results("captors RelPosition: 0.097");
     results.open();
-    EXPECT_EQ(results.field(Item::COMPO_RELATIVE_POSITION).getValue(), "1.234568e+01");
-    EXPECT_EQ(results.captorAt(0).getRelativePosition(), 0.123456789);
+    EXPECT_EQ(results.field(Item::COMPO_RELATIVE_POSITION).getValue(), "9.700001e+00");
+    EXPECT_EQ(results.captorAt(0).getRelativePosition(), 0.097);
+}
+
+TEST(QVG_CaptorItemPanel, ComponentsAreNumberedInTheirOrder)
+{
+    unsigned char number = 0;
+    for (const unsigned char flag :
+         {Item::COMPO_Ex, Item::COMPO_Ey, Item::COMPO_Ez, Item::COMPO_POSITION,
+          Item::COMPO_RELATIVE_POSITION, Item::COMPO_LOCATION, Item::COMPO_BLOCH_NUMBER}) {
+        EXPECT_EQ(flag, number++);
+    }
 }
 
 TEST(QVG_CaptorItemPanel, SwitchesChooseTheComponents)
@@ -468,6 +478,17 @@ TEST(QVG_VisualizationRootPanel, TheFieldOfACaptorIsACurveOverTheSeconds)
     EXPECT_EQ(results.colors(), Texts{"Color[255,0,0]"});
 }
 
+TEST(QVG_VisualizationRootPanel, NamesOfFilesAndNumbersOfComponentsAreFixed)
+{
+    EXPECT_STREQ(Root::CAPTORS_FILE, "captors.res");
+    EXPECT_STREQ(Root::E_FILE, "E_at_");
+    EXPECT_STREQ(Root::E_EXT, ".res");
+    EXPECT_STREQ(Root::RHO_FILE, "Rho_Bloch");
+    EXPECT_STREQ(Root::RHO_EXT, ".res");
+    EXPECT_EQ(Root::COMPO_VISUALIZE_BUTTON, 4);
+    EXPECT_EQ(Root::COMPO_E_NORMALIZATION, 10);
+}
+
 TEST(QVG_VisualizationRootPanel, EachPressMakesAWindow)
 {
     const TestResults results;
@@ -577,6 +598,24 @@ TEST(QVG_VisualizationRootPanel, ColorsOfDensitiesTellElementSystemAndCaptor)
     EXPECT_EQ(results.plotter().getYLabel(), "Rho Fields");
 }
 
+TEST(QVG_VisualizationRootPanel, TheLabelOfYNamesEachKindOnceFieldsOnlyWhenTheyComeFirst)
+{
+    const TestResults results(captor(1) + captor(2));
+    results.open();
+    results.mark(0, 0);
+    results.select(1);
+    results.mark(0, 0);
+    results.visualize();
+    EXPECT_EQ(results.plotter().getYLabel(), "E Fields Rho Fields");
+    results.windows<GUI2D_PlotterWindow>().at(0)->close(false);
+    results.select(0);
+    results.click(Item::COMPO_Ex);
+    results.visualize();
+    EXPECT_EQ(results.curves(), (Texts{"Bloch Eq:0 Rho[0][0] at Captor 1", "Ex at Captor 2",
+                                       "Bloch Eq:0 Rho[0][0] at Captor 2"}));
+    EXPECT_EQ(results.plotter().getYLabel(), "Rho Fields");
+}
+
 TEST(QVG_VisualizationRootPanel, DensitiesEndWithTheShorterOfTimesAndMatrices)
 {
     const TestResults results(captor(1) + captor(2));
@@ -610,6 +649,21 @@ TEST(QVG_VisualizationRootPanel, NormalizationDividesTheFieldsByTheGreatestOfAll
     EXPECT_EQ(results.plotter().getTitle(), "Quorvex Solutions (E Normalized by 8.000000e+00)");
     results.normalize();
     EXPECT_FALSE(results.root().isENormalized());
+}
+
+TEST(QVG_VisualizationRootPanel, NormalizationDividesAllComponents)
+{
+    const TestResults results(captor(7, 2, 1, 3));
+    results.write("E_at_7.res", "0 1 2 3 \n1 4 -8 5 \n2 6 2 7 \n");
+    results.open();
+    results.click(Item::COMPO_Ey);
+    results.captorAt(0).setEz(true); // the form has no switch for it
+    results.normalize();
+    results.visualize();
+    ASSERT_EQ(results.curves(), (Texts{"Ex at Captor 1", "Ey at Captor 1", "Ez at Captor 1"}));
+    EXPECT_EQ(valuesOf(results.curve(0).getYValues()), (Numbers{0.125, 0.5, 0.75}));
+    EXPECT_EQ(valuesOf(results.curve(1).getYValues()), (Numbers{0.25, -1.0, 0.25}));
+    EXPECT_EQ(valuesOf(results.curve(2).getYValues()), (Numbers{0.25, -1.0, 0.25}));
 }
 
 TEST(QVG_VisualizationRootPanel, WithoutAFieldNormalizationChangesNothing)
