@@ -40,6 +40,24 @@ TEST(GUI2D_PlotterWindow, ForwardsToThePlotter)
     EXPECT_EQ(plot.curve(1).getYMax(), 4.0);
 }
 
+TEST(GUI2D_PlotterWindow, IsAContainerWhenAskedFor)
+{
+    const TestPlot plot;
+    EXPECT_FALSE(plot->isContainer());
+    const COM_Scoped container(GUI2D_PlotterWindow::New(*plot.root(), "Container", true));
+    EXPECT_TRUE(container->isContainer());
+    EXPECT_NE(container->getPlotter(), nullptr);
+}
+
+TEST(GUI2D_PlotterWindow, NormalizedCurvesAreAViewThatCanBeUndone)
+{
+    const TestPlot plot;
+    plot.addAndShow();
+    EXPECT_FALSE(plot.find("&Undo")->isEnabled());
+    plot->curvesYNormalization("Curve", 2.0);
+    EXPECT_TRUE(plot.find("&Undo")->isEnabled());
+}
+
 TEST(GUI2D_PlotterWindow, TheFirstMessageDoesNotResizeThePlot)
 {
     const TestPlot plot;
