@@ -190,7 +190,7 @@ void RandomUser::actIn(QWidget& window)
         window.close();
     } else if (once(6)) {
         pressKey(window);
-    } else if (isMain || once(30)) {
+    } else if (isMain || once(window.findChild<QMenuBar*>() != nullptr ? 4 : 30)) {
         triggerAction(window);
     } else if (once(2)) {
         QList<QWidget*> fields;

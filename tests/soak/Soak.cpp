@@ -4,10 +4,13 @@
 // of acts is done or until the program ends, which the exit entry, a closed main window, the arithmetic trap and
 // a run that cannot write its files do by design. Any other end, a hang, what a sanitizer finds, and an
 // object that the counts refuse to delete make the soak fail; it names the seed.
+#include "common/COM_Scoped.h"
 #include "gui/GUI_MenuPanel.h"
 #include "gui/GUI_RootWindow.h"
 #include "quorvex/QV_Problem.h"
 #include "quorvexGui/QVG_Application.h"
+#include "quorvexGui/QVG_VisualizationRootPanel.h"
+#include "quorvexGui/QVG_VisualizationWindow.h"
 #include "RandomUser.h"
 #include "support/TestDirectory.h"
 #include "support/WorkingDirectory.h"
@@ -38,6 +41,15 @@ void runShortly(QV_Problem& problem)
     problem.run();
 }
 
+void visualize(GUI_RootWindow& main)
+{
+    const COM_Scoped window(QVG_VisualizationWindow::New(main));
+    window->show();
+    if (auto* const panel = dynamic_cast<QVG_VisualizationRootPanel*>(window->getPanel())) {
+        panel->visualize();
+    }
+}
+
 /// Plays in this process. What the program's entry returns.
 int play(unsigned seed, int acts, int& actsDone)
 {
@@ -51,6 +63,7 @@ int play(unsigned seed, int acts, int& actsDone)
     if (seed % 2 == 1) { // else there are no results before the user has run something
         runShortly(dynamic_cast<QV_Problem&>(*application->getModel()));
         application->getMainWindow()->getMenu()->updateStateMenus();
+        visualize(*application->getMainWindow());
     }
     RandomUser user(seed, acts, [&actsDone] {
         ++actsDone;
