@@ -340,11 +340,11 @@ void GUI2D_DrawPanel::next()
 
 void GUI2D_DrawPanel::step(long index)
 {
-    const long former = mCurrentIndexBox;
-    const auto size = static_cast<long>(mDrawingBoxes->size());
-    if (size == 0) {
+    if (getCurrentBox() == nullptr) {
         return;
     }
+    const long former = mCurrentIndexBox;
+    const auto size = static_cast<long>(mDrawingBoxes->size());
     mCurrentIndexBox = std::clamp(index, 0L, size - 1);
     if (mCurrentIndexBox != former) {
         takeCurrentBox();
@@ -359,7 +359,8 @@ bool GUI2D_DrawPanel::isBackValid() const
 
 bool GUI2D_DrawPanel::isNextValid() const
 {
-    return mCurrentIndexBox + 1 < static_cast<long>(mDrawingBoxes->size());
+    return getCurrentBox() != nullptr
+           && mCurrentIndexBox + 1 < static_cast<long>(mDrawingBoxes->size());
 }
 
 void GUI2D_DrawPanel::zoomSelection()

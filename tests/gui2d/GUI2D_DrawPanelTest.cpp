@@ -1244,23 +1244,62 @@ TEST_F(GUI2D_DrawPanelWindowTest, TheWindowMayCloseWhileThePrinterIsChosen)
     EXPECT_EQ(directory.read("a.pdf").substr(0, 5), "%PDF-");
 }
 
-TEST_F(GUI2D_DrawPanelTest, AnIndexBeyondTheViewsIsTheLastOne)
+namespace {
+
+/// Saves a panel of two views, makes its index another one, and loads that into a second panel.
+void loadWithIndex(TestDrawPanel& panel, const std::string& index, TestDrawPanel& loaded)
 {
-    mPanel->fitToGraphics();
-    mPanel->zoom(0.5);
+    panel.fitToGraphics();
+    panel.zoom(0.5);
     const TestDirectory directory;
-    COM_Scoped(GEO_ClassFactory::New())->save(directory.file("panel"), *mPanel);
+    COM_Scoped(GEO_ClassFactory::New())->save(directory.file("panel"), panel);
     std::string text = directory.read("panel");
     const std::size_t key = text.find("mCurrentIndexBox");
     ASSERT_NE(key, std::string::npos);
     const std::size_t value = text.find(">1<", key);
     ASSERT_NE(value, std::string::npos) << text;
-    text.replace(value, 3, ">9<");
+    text.replace(value, 3, ">" + index + "<");
     directory.write("panel", text);
+    COM_Scoped(GEO_ClassFactory::New())->load(directory.file("panel"), loaded);
+}
 
+} // namespace
+
+TEST_F(GUI2D_DrawPanelTest, AnIndexBeyondTheViewsIsTheLastOne)
+{
     const COM_Scoped loaded(TestDrawPanel::New());
-    const COM_Scoped factory(GEO_ClassFactory::New());
-    factory->load(directory.file("panel"), *loaded);
+    loadWithIndex(*mPanel, "9", *loaded);
     EXPECT_EQ(loaded->getCurrentIndexBox(), 1);
     EXPECT_EQ(loaded->getMapping().mWidth, 4.0);
+}
+
+TEST_F(GUI2D_DrawPanelTest, WithViewsOfWhichNoneIsShownThereIsNothingToMoveIn)
+{
+    const COM_Scoped loaded(TestDrawPanel::New());
+    loadWithIndex(*mPanel, "-1", *loaded);
+    ASSERT_EQ(loaded->getDrawingBoxes().size(), 2U);
+    EXPECT_FALSE(loaded->isBackValid());
+    EXPECT_FALSE(loaded->isNextValid());
+    loaded->back();
+    loaded->next();
+    loaded->zoom(2.0);
+    loaded->pan(GUI2D_DrawPanel::EAST_DIRECTION);
+    EXPECT_EQ(loaded->getCurrentIndexBox(), -1);
+    EXPECT_EQ(loaded->getMapping().mWidth, 1.0);
+    EXPECT_EQ(loaded->getDrawingBoxes().size(), 2U);
+    loaded->fitToGraphics();
+    EXPECT_EQ(loaded->getCurrentIndexBox(), 0);
+    EXPECT_TRUE(loaded->isNextValid());
+}
+
+TEST_F(GUI2D_DrawPanelTest, APanelWithoutViewsComesBackWithoutALine)
+{
+    const TestDirectory directory;
+    COM_Scoped(GEO_ClassFactory::New())->save(directory.file("panel"), *mPanel);
+    const COM_Scoped loaded(TestDrawPanel::New());
+    loaded->fitToGraphics();
+    const COM_Scoped factory(GEO_ClassFactory::New());
+    EXPECT_EQ(printedBy([&] { factory->load(directory.file("panel"), *loaded); }), "");
+    EXPECT_EQ(loaded->getDrawingBoxes().size(), 0U);
+    EXPECT_EQ(loaded->getCurrentIndexBox(), -1);
 }
