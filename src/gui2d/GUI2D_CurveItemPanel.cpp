@@ -32,8 +32,9 @@ std::string nameOf(const COM_Color* color)
 
 void setColor(GUI2D_Curve& curve, const std::string& name)
 {
+    // The button reports dialogs that were cancelled too.
     const QColor chosen(GUI_Object::toQString(name));
-    if (chosen.isValid()) {
+    if (chosen.isValid() && name != nameOf(curve.getColor())) {
         const COM_Scoped color(COM_Color::New(chosen.red(), chosen.green(), chosen.blue()));
         curve.setColor(*color);
     }

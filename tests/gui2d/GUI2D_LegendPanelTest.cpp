@@ -220,6 +220,22 @@ TEST(GUI2D_CurveItemPanel, GivesTheCurveAColorOfItsOwn)
     EXPECT_EQ(shared->toString(), "Color[1,2,3]");
 }
 
+TEST(GUI2D_CurveItemPanel, AColorThatStaysIsNotWritten)
+{
+    const Legends legends(2);
+    const COM_Scoped shared(COM_Color::New(1, 2, 3));
+    legends.plot().curve(0).setColor(*shared);
+    legends.plot().curve(1).resetColor();
+    DialogAnswers answers;
+    for (const int row : {0, 1}) {
+        legends.select(row);
+        answers.add<QColorDialog>([](QColorDialog& dialog) { dialog.reject(); });
+        Legends::click(legends.field<GUI_ColorButton>(Item::COMPO_COLOR));
+    }
+    EXPECT_EQ(legends.plot().curve(0).getColor(), shared.get());
+    EXPECT_EQ(legends.plot().curve(1).getColor(), nullptr);
+}
+
 TEST(GUI2D_CurveItemPanel, ACurveWithoutColorIsShownBlack)
 {
     const Legends legends(1);
