@@ -11,6 +11,7 @@
 #include "support/Printed.h"
 
 #include <QColorDialog>
+#include <QLabel>
 #include <QListWidget>
 
 #include <gtest/gtest.h>
@@ -61,6 +62,19 @@ public:
 private:
     TestPlot mPlot;
     GUI2D_LegendWindow* mWindow; ///< Held by the plotter window.
+};
+
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        mNumber += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+    int mNumber = 0;
 };
 
 } // namespace
@@ -196,6 +210,7 @@ TEST(GUI2D_CurveItemPanel, WritesNameAndVisibility)
     QTest::keyClicks(&name, "other");
     legends.select(0); // leaves the field
     EXPECT_EQ(legends.plot().curve(1).getName(), "other");
+    EXPECT_EQ(legends.list().item(1)->text(), "Curve 2");
     EXPECT_EQ(legends.plot().curve(0).getName(), "name 0");
     Legends::click(legends.field<GUI_CheckBox>(Item::COMPO_VISIBLE));
     EXPECT_FALSE(legends.plot().curve(0).isShown());
@@ -234,6 +249,39 @@ TEST(GUI2D_CurveItemPanel, AColorThatStaysIsNotWritten)
     }
     EXPECT_EQ(legends.plot().curve(0).getColor(), shared.get());
     EXPECT_EQ(legends.plot().curve(1).getColor(), nullptr);
+}
+
+TEST(GUI2D_CurveItemPanel, NamesItsFields)
+{
+    const Legends legends(1);
+    QStringList labels;
+    for (const QLabel* const label : legends.item().findChildren<QLabel*>()) {
+        labels.append(label->text());
+    }
+    EXPECT_EQ(labels, (QStringList{"Name", "Color"}));
+    EXPECT_EQ(legends.field<GUI_CheckBox>(Item::COMPO_VISIBLE).text(), "Visible");
+    EXPECT_EQ(Item::COMPO_NAME, 0);
+    EXPECT_EQ(Item::COMPO_COLOR, 1);
+    EXPECT_EQ(Item::COMPO_VISIBLE, 2);
+}
+
+TEST(GUI2D_CurveItemPanel, RepaintsThePlotterAfterEachChange)
+{
+    const Legends legends(1);
+    GUI2D_Plotter& plotter = legends.plot().plotter();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(plotter.window()));
+    settle();
+    PaintCounter paints(plotter);
+    auto& name = legends.field<GUI_LineEdit>(Item::COMPO_NAME);
+    auto& color = legends.field<GUI_ColorButton>(Item::COMPO_COLOR);
+    auto& visible = legends.field<GUI_CheckBox>(Item::COMPO_VISIBLE);
+    for (GUI_ActionComponent* const component :
+         std::initializer_list<GUI_ActionComponent*>{&name, &color, &visible}) {
+        paints.mNumber = 0;
+        legends.item().componentClicked(*component);
+        settle();
+        EXPECT_GT(paints.mNumber, 0) << component->getFlagId();
+    }
 }
 
 TEST(GUI2D_CurveItemPanel, ACurveWithoutColorIsShownBlack)
