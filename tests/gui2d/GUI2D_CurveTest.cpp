@@ -231,6 +231,23 @@ TEST_F(GUI2D_CurvePictureTest, JoinsItsPoints)
     EXPECT_EQ(difference(pictureOf(*mPlotter), expected), "");
 }
 
+TEST_F(GUI2D_CurvePictureTest, ItsPointsAreInTheUnitsOfTheUser)
+{
+    const COM_Scoped red(COM_Color::New(255, 0, 0));
+    mPlotter->addPlot({0.0, 800.0}, {0.0, 4e9}, "frame", *red);
+    mPlotter->getCurves()[2].setShown(false);
+    mPlotter->getCurves().remove(0UL);
+    mPlotter->curvesYNormalization("frame", 1.0);
+    mCurve->setColor(*red);
+    setX({100.0, 300.0, 300.0});
+    setY({1e9, 1e9, 3e9});
+    ExpectedPicture expected(170, 80);
+    expected.box(20, 60, 60, 60, Qt::red);
+    expected.box(60, 20, 60, 60, Qt::red);
+    expected.frame(0, 0, 159, 79, Qt::black);
+    EXPECT_EQ(difference(pictureOf(*mPlotter), expected), "");
+}
+
 TEST_F(GUI2D_CurvePictureTest, WithoutColorItIsBlack)
 {
     setX({1.0, 3.0, 4.0});

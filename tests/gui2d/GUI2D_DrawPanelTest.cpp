@@ -117,6 +117,8 @@ TEST_F(GUI2D_DrawPanelTest, StartsAsStated)
     EXPECT_EQ(GUI2D_DrawPanel::EAST_DIRECTION, 3);
     EXPECT_EQ(GUI2D_DrawPanel::NORTH_DIRECTION, 4);
     EXPECT_EQ(GUI2D_DrawPanel::SOUTH_DIRECTION, 5);
+    EXPECT_EQ(GUI2D_DrawPanel::NO_BRUSH, 0);
+    EXPECT_EQ(GUI2D_DrawPanel::SOLID_LINE, 1);
     EXPECT_EQ(mPanel->getTitle(), "Title");
     EXPECT_EQ(mPanel->getXLabel(), "XLabel");
     EXPECT_EQ(mPanel->getYLabel(), "YLabel");
@@ -136,6 +138,61 @@ TEST_F(GUI2D_DrawPanelTest, StartsAsStated)
     EXPECT_EQ(mPanel->getTypes().back(), "TestDrawPanel");
     EXPECT_TRUE(mPanel->instanceOf("GUI_FramePanel"));
     EXPECT_TRUE(mPanel->instanceOf("MM_Object"));
+}
+
+TEST_F(GUI2D_DrawPanelTest, StoresWhatItStartsWith)
+{
+    const std::vector<std::vector<std::string>> expected = {
+        {"mStatusMessage", "[Current Point]"},
+        {"mOrthonormee", "[0]"},
+        {"mXDirection", "[1]"},
+        {"mYDirection", "[-1]"},
+        {"mGraduationSize", "[5]"},
+        {"mNbCharsAfterComa", "[6]"},
+        {"mXLabel", "[XLabel]"},
+        {"mYLabel", "[YLabel]"},
+        {"mTitle", "[Title]"},
+        {"mZoomFactor", "[1.200000e+00]"},
+        {"mPanX", "[10]"},
+        {"mPanY", "[10]"},
+        {"mTitlePrinted", "[1]"},
+        {"mXLabelPrinted", "[1]"},
+        {"mYLabelPrinted", "[1]"},
+        {"mAxesPrinted", "[1]"},
+        {"mGridPrinted", "[1]"},
+        {"mBorderLinePrinted", "[1]"},
+        {"mScalePrinted", "[1]"},
+        {"mXScaleType", "[0]"},
+        {"mYScaleType", "[0]"},
+        {"mDraggedRectangle", "[0]"},
+        {"mZoomSelection", "[1]"},
+        {"mScientificNotation", "[1]"},
+        {"mPXFactor", "[0.000000e+00]"},
+        {"mPYFactor", "[0.000000e+00]"},
+        {"mPXadim", "[0]"},
+        {"mPYadim", "[0]"},
+        {"mXadim", "[1.000000e+00]"},
+        {"mYadim", "[1.000000e+00]"},
+        {"mStatusPrinted", "[1]"},
+        {"mCurrentIndexBox", "[-1]"},
+        {"mBorderColor", "[#ffffff]"},
+        {"mBorderLineColor", "[#000000]"},
+        {"mScaleColor", "[#0000ff]"},
+        {"mXLabelColor", "[#ff0000]"},
+        {"mYLabelColor", "[#ff0000]"},
+        {"mTitleColor", "[#ff0000]"},
+        {"mAxesColor", "[#000000]"},
+        {"mGridColor", "[#000000]"},
+        {"mDraggedRectangleColor", "[#ff0000]"},
+        {"BackgroundColor", "[#ffffff]"},
+        {"mDrawingBoxes", "[]"},
+    };
+    const Description description(*mPanel);
+    for (const std::vector<std::string>& row : expected) {
+        const MM_Field* const field = description.node().getFromMetaFields(row[0]);
+        ASSERT_NE(field, nullptr) << row[0];
+        EXPECT_EQ(Description::textOf(*field), row[1]) << row[0];
+    }
 }
 
 TEST_F(GUI2D_DrawPanelTest, WithoutAViewThereIsNothingToMoveIn)
@@ -238,6 +295,19 @@ TEST_F(GUI2D_DrawPanelTest, ChangingTheFactorsPushesNoView)
     EXPECT_EQ(mPanel->getMapping().mXadim, 1.0);
     EXPECT_EQ(mPanel->getMapping().mYadim, 100.0);
     EXPECT_EQ(mPanel->getDrawingBoxes().size(), 1U);
+}
+
+TEST_F(GUI2D_DrawPanelTest, ChangingTheScaleGrowsTheViewAtOnceAndForGood)
+{
+    mPanel->setExtent(0.0, 0.0, 8.0, 1.0);
+    mPanel->fitToGraphics();
+    EXPECT_EQ(mPanel->getScaleY(), 80.0);
+    mPanel->setOrthonormee(true);
+    EXPECT_EQ(view(), (std::vector<double>{0.0, -3.0, 8.0, 1.0}));
+    EXPECT_EQ(mPanel->getScaleY(), 20.0);
+    mPanel->setOrthonormee(false);
+    EXPECT_EQ(view(), (std::vector<double>{0.0, -3.0, 8.0, 1.0}));
+    EXPECT_EQ(box(0), (std::vector<double>{0.0, 0.0, 8.0, 1.0}));
 }
 
 TEST_F(GUI2D_DrawPanelTest, AFlatBoxHasNoFactor)
@@ -618,7 +688,93 @@ TEST_F(GUI2D_DrawPanelTest, PaintsInTheStatedOrder)
     EXPECT_EQ(difference(pictureOf(*mPanel), expected), "");
 }
 
+TEST_F(GUI2D_DrawPanelWindowTest, WhatIsDrawnLiesOverTheDraggedRectangle)
+{
+    const COM_Scoped blue(COM_Color::New(0, 0, 255));
+    mPanel->mPaint = [&] { mPanel->drawColorBox(50, 0, 10, 80, *blue, *blue); };
+    press(40, 20);
+    moveMouse(80, 60);
+    ExpectedPicture expected(170, 80);
+    expected.frame(40, 20, 79, 59, Qt::red);
+    expected.box(50, 0, 59, 79, Qt::blue);
+    expected.frame(0, 0, 159, 79, Qt::black);
+    EXPECT_EQ(difference(pictureOf(*mPanel), expected), "");
+}
+
 // ---------------------------------------------------------------- texts and margins
+
+TEST_F(GUI2D_DrawPanelTest, TitleAndLabelsStandInTheMiddleOfTheirSides)
+{
+    mPanel->resize(401, 300);
+    mPanel->printNothing();
+    mPanel->printTitle(true);
+    mPanel->printXLabel(true);
+    mPanel->printYLabel(true);
+    mPanel->setTitle("A title");
+    mPanel->setXLabel("along");
+    mPanel->setYLabel("upwards");
+    mPanel->setTitleColor(Qt::blue);
+    mPanel->setXLabelColor(Qt::darkGreen);
+    mPanel->setYLabelColor(Qt::red);
+    mPanel->fitToGraphics();
+    const QImage picture = pictureOf(*mPanel);
+    const int height = mPanel->getFontHeight();
+    PaintedPicture expected(*mPanel);
+    expected.frame(3 * height, height + height / 2, 401 - 10 - 1, 300 - 4 * height - 1, Qt::black);
+    expected.text((401 - mPanel->getTextWidth("A title")) / 2, height, "A title", Qt::blue);
+    expected.text((401 - mPanel->getTextWidth("along")) / 2, 300 - height, "along", Qt::darkGreen);
+    expected.upwards(height, (300 + mPanel->getTextWidth("upwards")) / 2.0, "upwards", Qt::red);
+    EXPECT_EQ(difference(picture, expected.image()), "");
+}
+
+TEST_F(GUI2D_DrawPanelTest, TheNumbersOfTheScalesStandAtTheirGraduations)
+{
+    mPanel->resize(600, 400);
+    mPanel->printNothing();
+    mPanel->printScale(true);
+    mPanel->setScaleColor(Qt::red);
+    mPanel->setXScaleType(GUI2D_DrawPanel::INTEGER_SCALE_TYPE);
+    mPanel->setNbCharsAfterComa(2);
+    mPanel->setPXFactor(-3);
+    mPanel->setPYFactor(6);
+    mPanel->setNorthWidth(40);
+    // Fifteen steps of 0.1, all of which are 0 without their fraction; and four of 0.01.
+    mPanel->setExtent(-0.75, 0.0, 0.75, 0.04);
+    mPanel->fitToGraphics();
+    const QImage picture = pictureOf(*mPanel);
+
+    const int height = mPanel->getFontHeight();
+    const int dash = mPanel->getTextWidth("-");
+    const int ten = mPanel->getTextWidth("x10");
+    const int left = 2 * height + mPanel->getTextWidth("1.00e-02") + dash;
+    const int right = 600 - ten - mPanel->getTextWidth("-3");
+    ASSERT_EQ(mPanel->getWestWidth(), static_cast<unsigned long>(left));
+    ASSERT_EQ(mPanel->getEastWidth(), static_cast<unsigned long>(600 - right));
+    PaintedPicture expected(*mPanel);
+    expected.frame(left, 40, right - 1, 399, Qt::black);
+    const GUI2D_Mapping mapping = mPanel->getMapping();
+    int limit = left;
+    for (int k = -7; k <= 7; ++k) {
+        const int p = mapping.pixel(0.1 * k, 0.0).x();
+        if (p >= limit) {
+            expected.text(p, height + 400, "0", Qt::red);
+            expected.line(p, 400, p, 395, Qt::red);
+            expected.line(p, 40, p, 45, Qt::red);
+            limit = p + mPanel->getTextWidth("0") + dash;
+        }
+    }
+    for (const int k : {1, 2, 3}) {
+        const int q = mapping.pixel(0.0, k).y();
+        expected.text(2 * height, q + height / 3, QString("%1.00e-02").arg(k), Qt::red);
+        expected.line(left, q, left + 5, q, Qt::red);
+        expected.line(right, q, right - 5, q, Qt::red);
+    }
+    expected.text(right, 400 + height / 4, "x10", Qt::red);
+    expected.text(right + ten, 400 - height / 8, "-3", Qt::red);
+    expected.text(2 * height, 40 - height / 4, "x10", Qt::red);
+    expected.text(2 * height + ten, 40 - 3 * height / 4, "6", Qt::red);
+    EXPECT_EQ(difference(picture, expected.image()), "");
+}
 
 TEST_F(GUI2D_DrawPanelTest, LabelsGrowTheirMargins)
 {
@@ -891,6 +1047,34 @@ TEST_F(GUI2D_DrawPanelWindowTest, ADragUpwardsAndToTheLeftIsTheSame)
     EXPECT_EQ(mPanel->getMapping().mWidth, 2.0);
     EXPECT_EQ(mPanel->getMapping().yMax(), 3.0);
     EXPECT_EQ(mPanel->getMapping().mHeight, 2.0);
+}
+
+TEST_F(GUI2D_DrawPanelWindowTest, AReleaseWithoutADragZoomsToNothing)
+{
+    release(80, 60);
+    EXPECT_EQ(mPanel->getDrawingBoxes().size(), 1U);
+    EXPECT_EQ(mFamily.mPanel->mUpdates, 1);
+}
+
+TEST_F(GUI2D_DrawPanelWindowTest, StepsRepaintWhatZoomingAndPanningLeaveToOthers)
+{
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(mFamily.mRoot));
+    settle();
+    const auto paintsOf = [this](const auto& action) {
+        mPanel->mPasses = 0;
+        action();
+        settle();
+        return mPanel->mPasses;
+    };
+    EXPECT_EQ(paintsOf([this] { mPanel->zoom(0.5); }), 0);
+    EXPECT_EQ(paintsOf([this] { mPanel->pan(GUI2D_DrawPanel::EAST_DIRECTION); }), 0);
+    EXPECT_EQ(paintsOf([this] { mPanel->back(); }), 1);
+    EXPECT_EQ(paintsOf([this] { mPanel->next(); }), 1);
+    EXPECT_EQ(paintsOf([this] { mPanel->next(); }), 0);
+    EXPECT_EQ(paintsOf([this] { press(30, 30); }), 0);
+    EXPECT_EQ(paintsOf([this] { moveMouse(40, 40); }), 1);
+    EXPECT_EQ(paintsOf([this] { release(40, 40); }), 1);
+    EXPECT_EQ(paintsOf([this] { moveMouse(50, 40); }), 0);
 }
 
 TEST_F(GUI2D_DrawPanelWindowTest, EveryButtonDrags)

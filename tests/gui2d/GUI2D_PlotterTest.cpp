@@ -359,6 +359,66 @@ TEST_F(GUI2D_PlotterTest, SubTitlesWiderThanThePanelGoOnInFurtherLines)
     EXPECT_EQ(mPlotter->mPasses, 2);
 }
 
+TEST_F(GUI2D_PlotterTest, AFullColumnOfLegendsKeepsRoomForTheNext)
+{
+    const int height = mPlotter->getFontHeight();
+    mPlotter->resize(500, 4 * height); // three names in a column
+    const auto blank = static_cast<int>(widthOf(" "));
+    const auto column = static_cast<int>(widthOf("longest")) + blank;
+    add({0.0}, {0.0}, "longest").setColor(nullptr);
+    add({0.0}, {0.0}, "hidden").setShown(false);
+    add({0.0}, {0.0}, "one");
+    add({0.0}, {0.0}, "two");
+    GUI2D_Curve& fourth = add({0.0}, {0.0}, "four");
+    const int left = 500 - 2 * column;
+    for (const bool isFourth : {false, true}) {
+        fourth.setShown(isFourth);
+        const QImage picture = pictureOf(*mPlotter);
+        EXPECT_EQ(mPlotter->getEastWidth(), static_cast<unsigned long>(2 * column));
+        PaintedPicture expected(*mPlotter);
+        expected.frame(0, 0, left - 1, 4 * height - 1, Qt::black);
+        expected.text(left + blank, height, "longest", Qt::black);
+        expected.text(left + blank, 2 * height, "one", Qt::red);
+        expected.text(left + blank, 3 * height, "two", Qt::red);
+        if (isFourth) {
+            expected.text(left + column + blank, height, "four", Qt::red);
+        }
+        EXPECT_EQ(difference(picture, expected.image()), "") << isFourth;
+    }
+}
+
+TEST_F(GUI2D_PlotterTest, AHiddenFirstNameSpacesTheFirstShownOne)
+{
+    mPlotter->showLegends(false);
+    mPlotter->showSubTitles(true);
+    mPlotter->setTitleColor(Qt::darkGreen);
+    add({0.0}, {0.0}, "a longer name").setShown(false);
+    add({0.0}, {0.0}, "one");
+    add({0.0}, {0.0}, "two").setColor(nullptr);
+    const auto width = [this](const char* text) { return static_cast<int>(widthOf(text)); };
+    const int total = width("( ") + width("one ") + width("two ") + width(")");
+    for (const bool isNarrow : {false, true}) {
+        // In the narrow panel there is room for the first name alone.
+        mPlotter->resize(isNarrow ? total + 2 : 400, 300);
+        const QImage picture = pictureOf(*mPlotter);
+        const int panel = mPlotter->QWidget::width();
+        const int height = mPlotter->getFontHeight();
+        const int left = (panel - total) / 2;
+        const int second = left + width("( ") + width("a longer name ");
+        ASSERT_EQ(second + width("two ") > panel, isNarrow);
+        const int north = height / 2 + (isNarrow ? 3 : 2) * height;
+        EXPECT_EQ(mPlotter->getNorthWidth(), static_cast<unsigned long>(north));
+        PaintedPicture expected(*mPlotter);
+        expected.frame(0, north, panel - 10 - 1, 299, Qt::black);
+        expected.text(left, 2 * height, "( ", Qt::darkGreen);
+        expected.text(left + width("( "), 2 * height, "one", Qt::red);
+        expected.text(isNarrow ? 0 : second, (isNarrow ? 3 : 2) * height, "two", Qt::black);
+        expected.text((isNarrow ? 0 : second) + width("two "), (isNarrow ? 3 : 2) * height, ")",
+                      Qt::darkGreen);
+        EXPECT_EQ(difference(picture, expected.image()), "") << isNarrow;
+    }
+}
+
 TEST_F(GUI2D_PlotterTest, WithoutShownCurvesTheParenthesesRemain)
 {
     mPlotter->showSubTitles(true);

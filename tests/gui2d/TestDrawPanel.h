@@ -6,6 +6,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QPixmap>
 
 #include <functional>
 #include <string>
@@ -123,6 +124,56 @@ public:
 
 private:
     QImage mImage;
+};
+
+/// A picture that a test paints with a painter in the panel's font, to hold the panel's against.
+class PaintedPicture
+{
+public:
+    explicit PaintedPicture(const QWidget& panel)
+        : mPixmap(panel.size())
+    {
+        mPixmap.fill(Qt::white);
+        mPainter.begin(&mPixmap);
+        mPainter.setFont(panel.font());
+    }
+    QImage image()
+    {
+        mPainter.end();
+        return mPixmap.toImage().convertToFormat(QImage::Format_RGB32);
+    }
+
+    void text(int x, int y, const QString& text, const QColor& color)
+    {
+        mPainter.setPen(color);
+        mPainter.drawText(x, y, text);
+    }
+    /// Upwards from the point.
+    void upwards(int x, double y, const QString& text, const QColor& color)
+    {
+        mPainter.save();
+        mPainter.translate(x, y);
+        mPainter.rotate(-90.0);
+        this->text(0, 0, text, color);
+        mPainter.restore();
+    }
+    /// Limits included.
+    void line(int x0, int y0, int x1, int y1, const QColor& color)
+    {
+        mPainter.setPen(color);
+        mPainter.drawLine(x0, y0, x1, y1);
+    }
+    void frame(int x0, int y0, int x1, int y1, const QColor& color)
+    {
+        line(x0, y0, x1, y0, color);
+        line(x1, y0, x1, y1, color);
+        line(x1, y1, x0, y1, color);
+        line(x0, y1, x0, y0, color);
+    }
+
+private:
+    QPixmap mPixmap;
+    QPainter mPainter;
 };
 
 /// Where two pictures differ first, or nothing.
