@@ -732,6 +732,8 @@ TEST_F(GUI2D_DrawPanelTest, TheNumbersOfTheScalesStandAtTheirGraduations)
     mPanel->resize(600, 400);
     mPanel->printNothing();
     mPanel->printScale(true);
+    mPanel->printXLabel(true); // for room below
+    mPanel->setXLabel("");
     mPanel->setScaleColor(Qt::red);
     mPanel->setXScaleType(GUI2D_DrawPanel::INTEGER_SCALE_TYPE);
     mPanel->setNbCharsAfterComa(2);
@@ -744,6 +746,7 @@ TEST_F(GUI2D_DrawPanelTest, TheNumbersOfTheScalesStandAtTheirGraduations)
     const QImage picture = pictureOf(*mPanel);
 
     const int height = mPanel->getFontHeight();
+    const int bottom = 400 - 4 * height;
     const int dash = mPanel->getTextWidth("-");
     const int ten = mPanel->getTextWidth("x10");
     const int left = 2 * height + mPanel->getTextWidth("1.00e-02") + dash;
@@ -751,14 +754,14 @@ TEST_F(GUI2D_DrawPanelTest, TheNumbersOfTheScalesStandAtTheirGraduations)
     ASSERT_EQ(mPanel->getWestWidth(), static_cast<unsigned long>(left));
     ASSERT_EQ(mPanel->getEastWidth(), static_cast<unsigned long>(600 - right));
     PaintedPicture expected(*mPanel);
-    expected.frame(left, 40, right - 1, 399, Qt::black);
+    expected.frame(left, 40, right - 1, bottom - 1, Qt::black);
     const GUI2D_Mapping mapping = mPanel->getMapping();
     int limit = left;
     for (int k = -7; k <= 7; ++k) {
         const int p = mapping.pixel(0.1 * k, 0.0).x();
         if (p >= limit) {
-            expected.text(p, height + 400, "0", Qt::red);
-            expected.line(p, 400, p, 395, Qt::red);
+            expected.text(p, height + bottom, "0", Qt::red);
+            expected.line(p, bottom, p, bottom - 5, Qt::red);
             expected.line(p, 40, p, 45, Qt::red);
             limit = p + mPanel->getTextWidth("0") + dash;
         }
@@ -769,8 +772,8 @@ TEST_F(GUI2D_DrawPanelTest, TheNumbersOfTheScalesStandAtTheirGraduations)
         expected.line(left, q, left + 5, q, Qt::red);
         expected.line(right, q, right - 5, q, Qt::red);
     }
-    expected.text(right, 400 + height / 4, "x10", Qt::red);
-    expected.text(right + ten, 400 - height / 8, "-3", Qt::red);
+    expected.text(right, bottom + height / 4, "x10", Qt::red);
+    expected.text(right + ten, bottom - height / 8, "-3", Qt::red);
     expected.text(2 * height, 40 - height / 4, "x10", Qt::red);
     expected.text(2 * height + ten, 40 - 3 * height / 4, "6", Qt::red);
     EXPECT_EQ(difference(picture, expected.image()), "");
@@ -910,6 +913,36 @@ TEST_F(GUI2D_DrawPanelTest, ALabelThatWouldTouchTheOneBeforeIsLeftOutWithItsGrad
     }
     EXPECT_GT(shown, 2);
     EXPECT_LT(shown, 17);
+}
+
+TEST_F(GUI2D_DrawPanelTest, ADashIsFreeBetweenLabelsAndThePanelEndsThem)
+{
+    mPanel->printNothing();
+    mPanel->printScale(true);
+    mPanel->setScaleColor(Qt::red);
+    mPanel->setXScaleType(GUI2D_DrawPanel::INTEGER_SCALE_TYPE);
+    mPanel->fitToGraphics();
+    const int height = mPanel->getFontHeight(); // too low a panel for labels along Y
+    const int digit = mPanel->getTextWidth("0");
+    for (const char* const other : {"1", "2", "3", "4", "5", "6", "7", "8"}) {
+        ASSERT_EQ(mPanel->getTextWidth(other), digit);
+    }
+    const int free = digit + mPanel->getTextWidth("-");
+    for (const int unit : {free - 1, free}) {
+        for (const int east : {digit - 1, digit}) {
+            mPanel->setEastWidth(static_cast<unsigned long>(east));
+            mPanel->resize(8 * unit + east, height);
+            const QImage picture = pictureOf(*mPanel);
+            ASSERT_EQ(mPanel->getWestWidth(), 0U);
+            ASSERT_EQ(mPanel->getScaleX(), unit);
+            for (int x = 0; x <= 8; ++x) {
+                const bool isShown =
+                    (unit == free || x % 2 == 0) && x * unit + digit <= 8 * unit + east;
+                EXPECT_EQ(picture.pixelColor(unit * x, 3) == QColor(Qt::red), isShown)
+                    << x << " " << unit << " " << east;
+            }
+        }
+    }
 }
 
 TEST_F(GUI2D_DrawPanelTest, TheYLabelReadsUpwardsInTheMiddle)
@@ -1056,7 +1089,7 @@ TEST_F(GUI2D_DrawPanelWindowTest, AReleaseWithoutADragZoomsToNothing)
     EXPECT_EQ(mFamily.mPanel->mUpdates, 1);
 }
 
-TEST_F(GUI2D_DrawPanelWindowTest, StepsRepaintWhatZoomingAndPanningLeaveToOthers)
+TEST_F(GUI2D_DrawPanelWindowTest, StepsAndFilesRepaintWhatZoomingAndPanningLeaveToOthers)
 {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(mFamily.mRoot));
     settle();
@@ -1071,6 +1104,10 @@ TEST_F(GUI2D_DrawPanelWindowTest, StepsRepaintWhatZoomingAndPanningLeaveToOthers
     EXPECT_EQ(paintsOf([this] { mPanel->back(); }), 1);
     EXPECT_EQ(paintsOf([this] { mPanel->next(); }), 1);
     EXPECT_EQ(paintsOf([this] { mPanel->next(); }), 0);
+    const TestDirectory directory;
+    const COM_Scoped factory(GEO_ClassFactory::New());
+    factory->save(directory.file("panel"), *mPanel);
+    EXPECT_EQ(paintsOf([&] { factory->load(directory.file("panel"), *mPanel); }), 1);
     EXPECT_EQ(paintsOf([this] { press(30, 30); }), 0);
     EXPECT_EQ(paintsOf([this] { moveMouse(40, 40); }), 1);
     EXPECT_EQ(paintsOf([this] { release(40, 40); }), 1);
