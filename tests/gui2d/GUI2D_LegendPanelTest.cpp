@@ -8,6 +8,7 @@
 #include "gui2d/GUI2D_LegendWindow.h"
 #include "gui2d/TestPlot.h"
 #include "support/DialogAnswers.h"
+#include "support/EnglishTexts.h"
 #include "support/Printed.h"
 
 #include <QColorDialog>
@@ -263,6 +264,30 @@ TEST(GUI2D_CurveItemPanel, NamesItsFields)
     EXPECT_EQ(Item::COMPO_NAME, 0);
     EXPECT_EQ(Item::COMPO_COLOR, 1);
     EXPECT_EQ(Item::COMPO_VISIBLE, 2);
+}
+
+TEST(GUI2D_CurvesSelectionPanel, SpeaksTheLanguage)
+{
+    const EnglishTexts former;
+    GUI_Object::setLang(DICO_Dictionary::LANG_FR);
+    const COM_Scoped root(GUI_RootPanel::New());
+    const COM_Scoped curves(COM_Array<GUI2D_Curve>::New());
+    curves->add(*COM_Scoped(GUI2D_Curve::New()));
+    const COM_Scoped panel(GUI2D_CurvesSelectionPanel::New(*root, *curves));
+    auto& item = dynamic_cast<Item&>(*panel->getChild(1));
+    EXPECT_EQ(panel->title(), "Courbes");
+    EXPECT_EQ(panel->findChild<QListWidget*>()->item(0)->text(), "Courbe 1");
+    EXPECT_EQ(item.title(), "Courbe");
+    QStringList labels;
+    for (const QLabel* const label : item.findChildren<QLabel*>()) {
+        labels.append(label->text());
+    }
+    EXPECT_EQ(labels, (QStringList{"Nom", "Couleur"}));
+    // Without a plotter a change is the curve's alone.
+    auto& name = dynamic_cast<GUI_LineEdit&>(*item.getComponent(Item::COMPO_NAME));
+    name.setValue("other");
+    item.componentClicked(name);
+    EXPECT_EQ((*curves)[0].getName(), "other");
 }
 
 TEST(GUI2D_CurveItemPanel, RepaintsThePlotterAfterEachChange)
