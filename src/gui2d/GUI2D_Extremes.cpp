@@ -85,8 +85,10 @@ GUI2D_Extremes::Range GUI2D_Extremes::getRange(std::size_t first, std::size_t la
         end = lower;
     };
     takeSides(value);
-    for (std::size_t level = 0; begin < end; ++level) {
+    std::size_t level = 0;
+    while (begin < end) {
         takeSides([this, level](std::size_t i) { return mLevels[level][i]; });
+        ++level;
     }
     return range;
 }
