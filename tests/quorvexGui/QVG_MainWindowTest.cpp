@@ -404,7 +404,7 @@ TEST(QVG_MainWindow, AProjectWhoseSavingIsKilledIsWholeAndOpens)
 {
     constexpr int kills = 40;
     constexpr int step = 137; // us
-    constexpr double durations[] = {3e-15, 5e-15};
+    static constexpr double durations[] = {3e-15, 5e-15};
     const TestMainWindow window;
     window.createProject();
     std::set<std::string> models;
@@ -419,7 +419,7 @@ TEST(QVG_MainWindow, AProjectWhoseSavingIsKilledIsWholeAndOpens)
     for (int i = 0; i < kills; ++i) {
         int pipeEnds[2];
         ASSERT_EQ(pipe(pipeEnds), 0);
-        const pid_t child = startInChild([&window, &pipeEnds, &durations] {
+        const pid_t child = startInChild([&window, &pipeEnds] {
             std::cout.setstate(std::ios::failbit); // its log would mingle with ours
             for (char round = 0;; ++round) {
                 window.wave().setWavePackageDuration(durations[round % 2 == 0 ? 0 : 1]);
