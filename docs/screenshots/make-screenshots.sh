@@ -47,6 +47,48 @@ detail() {
     window "$(word 'Options Window')"
 }
 
+# entry X NUMBER: of a menu of the plot, by its place; entries that can be chosen are counted from 1
+entry() {
+    window "$(word 'Quorvex Visualization')"
+    click "$1" 12
+    repeat Down "$2"
+    press Return
+}
+
+# The 2 pi pulse at three captors, and the windows around it.
+plots() {
+    local visualization plot edit=80 tools=275
+    [ "$lang" = fr ] || edit=57 tools=193
+    visualization=$(word 'Visualization Window')
+    plot=$(word 'Quorvex Visualization')
+    window "$parameters"
+    press alt+F4
+    window "$main"
+    press ctrl+v
+    window "$visualization"
+    shoot "visualization-$lang.png" "$visualization"
+    # The first and the last captor stand at the ends, outside the medium.
+    click 70 73
+    press Tab Tab Tab Tab space
+    click 70 73
+    press End Tab Tab Tab Tab space
+    click 375 525
+    window "$plot"
+    shoot "plot-$lang.png" "$plot"
+    entry $tools 1
+    window "$(word 'Tools Window')"
+    shoot "tools-$lang.png" "$(word 'Tools Window')"
+    press Escape
+    entry $edit 4
+    window "$(word 'Plotter Options Window')"
+    shoot "plot-options-$lang.png" "$(word 'Plotter Options Window')"
+    press Escape
+    entry $edit 6
+    window "$(word 'Legends Window')"
+    shoot "legends-$lang.png" "$(word 'Legends Window')"
+    press Escape
+}
+
 repeat() { for _ in $(seq 1 "$2"); do press "$1"; done; }
 
 tour() {
@@ -82,14 +124,12 @@ tour() {
     repeat Tab 6
     detail 'Captors Window' captors
     repeat Tab 3
-    press space
-    window "$(word Information)"
-    shoot "not-in-this-build-$lang.png" "$(word Information)"
-    press Return
-    window "$parameters"
+    detail 'Level Frequencies Window' frequencies
     press Tab
     detail 'Initial Density Window' densities
-    repeat Tab 3
+    press Tab
+    detail 'Initial Polarizations Window' polarizations
+    repeat Tab 2
     detail 'Longitudinal Relaxation Matrix Window' rates
     press ctrl+Tab
     repeat Tab 2
@@ -122,6 +162,10 @@ tour() {
     shoot "check-$lang.png" "$(word 'Check of the Problem')"
     press Escape
 
+    choose 1 1
+    window "$(word Information)"
+    shoot "not-in-this-build-$lang.png" "$(word Information)"
+    press Return
     choose 1 2
     window "$(word 'Preferences Window')"
     shoot "preferences-$lang.png" "$(word 'Preferences Window')"
@@ -140,7 +184,10 @@ tour() {
     press Tab Return
     window "$(word 'Load a New Project')"
     shoot "load-$lang.png" "$(word 'Load a New Project')"
-    press Escape
+    enter "$work/2pi/project.dpj"
+    press Return
+    gone "$(word 'Load a New Project')"
+    plots
     kill "$pid"
     wait "$pid" || true
 }
@@ -154,6 +201,9 @@ trap 'close_screen; cp "$SHOTS/failed.png" "${TMPDIR:-/tmp}/screenshots-failed.p
 export HOME=$work XDG_RUNTIME_DIR=$work/run XDG_CONFIG_HOME=$work/config QT_SCALE_FACTOR=${SCALE:-1}
 unset QT_QPA_PLATFORM
 mkdir -m 700 "$work/run" "$SHOTS"
+batch=$(dirname "$program")/quorvex-run
+"$batch" -q --write-project "$work/2pi" "$top/examples/self-induced-transparency/2pi.xml" >/dev/null
+"$batch" -q -n 3000 "$work/2pi" >/dev/null
 for language in ${LANGUAGES:-fr en}; do
     mkdir "$work/$language"
     cd "$work/$language"

@@ -30,8 +30,9 @@ void makeTemporaryRoot()
     if (mkdtemp(name.data()) != nullptr) {
         temporaryRoot = name;
         // Some tests go on as another user.
-        std::filesystem::permissions(name, std::filesystem::perms::others_exec,
-                                     std::filesystem::perm_options::add);
+        std::filesystem::permissions(
+            name, std::filesystem::perms::group_exec | std::filesystem::perms::others_exec,
+            std::filesystem::perm_options::add);
         setenv("TMPDIR", name.c_str(), 1);
     }
 }
