@@ -5,6 +5,7 @@ set -eu
 solver=$1/bench/quorvex_solver_bench
 transform=$1/bench/quorvex_transform_bench
 memory=$1/bench/quorvex_memory_bench
+plot=$1/bench/quorvex_plot_bench
 desktop=$1/bench/quorvex_desktop_bench
 
 echo "Machine: $(sed -n 's/^model name[^:]*: //p' /proc/cpuinfo | head -n 1), $(nproc) cores"
@@ -59,4 +60,31 @@ if [ -x "$desktop" ]; then
     "$desktop" --benchmark_repetitions=5 --benchmark_report_aggregates_only=true --benchmark_format=csv 2>/dev/null |
         awk -F, '/_median"/ { gsub(/"/, "", $1); sub("_median", "", $1); sub("/(manual_time|real_time)", "", $1)
                               printf "    %s: %.0f\n", $1, $3 }'
+fi
+
+if [ -x "$plot" ]; then
+    echo
+    echo "Plots of 800 x 500, ms; QCustomPlot beside them:"
+    for ratio in 1 2; do
+        echo
+        echo "| pixel ratio $ratio: points, curves | view | values | same view | QCustomPlot | next view | QCustomPlot |"
+        echo "|---|---|---|---|---|---|---|"
+        QT_SCALE_FACTOR=$ratio "$plot" --benchmark_min_time=0.05 --benchmark_format=csv 2>/dev/null | awk -F, '
+            /^"draw/ {
+                gsub(/"/, "", $1)
+                split($1, name, "/")
+                key = name[2] "/" name[3] "/" name[4] "/" name[5]
+                if (!(key in seen)) { seen[key] = 1; order[++n] = key }
+                time[key, name[1]] = $3
+            }
+            END {
+                for (i = 1; i <= n; ++i) {
+                    split(order[i], part, "[/:]")
+                    printf "| %d, %d | %s | %s | %.2f | %.2f | %.2f | %.2f |\n", part[2], part[4],
+                        part[6] ? "1/100" : "whole", part[8] ? "logarithms" : "plain",
+                        time[order[i], "drawAgain<OurPlot>"], time[order[i], "drawAgain<OtherPlot>"],
+                        time[order[i], "drawElsewhere<OurPlot>"], time[order[i], "drawElsewhere<OtherPlot>"]
+                }
+            }'
+    done
 fi

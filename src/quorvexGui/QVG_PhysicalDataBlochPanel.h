@@ -5,8 +5,7 @@ class QV_Problem;
 
 /// The atoms: how many, how warm, and how they relax. All of it is shared by all systems.
 ///
-/// The window of the equilibrium closes when the equilibrium has no effect any more. Those of the frequencies
-/// and of the dipoles are not in this build.
+/// The window of the equilibrium closes when the equilibrium has no effect any more.
 class QVG_PhysicalDataBlochPanel : public QVG_FormPanel
 {
     Q_OBJECT
