@@ -8,7 +8,6 @@
 #include "gui2d/GUI2D_Plotter.h"
 
 #include <qcustomplot.h>
-
 #include <QTest>
 
 #include <benchmark/benchmark.h>
