@@ -1,3 +1,4 @@
+#include "BenchDirectory.h"
 #include "common/COM_Scoped.h"
 #include "quorvex/QV_1DMilieu.h"
 #include "quorvex/QV_1DProblem.h"
@@ -42,12 +43,8 @@ double seconds()
 int main(int argc, char** argv)
 {
     const double nodes = argc > 1 ? std::atof(argv[1]) : 1e6;
-    std::string directory =
-        (std::filesystem::temp_directory_path() / "quorvex-memory-XXXXXX").string();
-    if (mkdtemp(directory.data()) == nullptr) {
-        return 1;
-    }
-    std::filesystem::current_path(directory);
+    const BenchDirectory directory;
+    std::filesystem::current_path(directory.path());
     std::cout.rdbuf(nullptr);
 
     const COM_Scoped problem(QV_1DProblem::New());
@@ -60,7 +57,7 @@ int main(int argc, char** argv)
                 (statusValue("VmRSS:") - before) * 1024.0 / nodes);
 
     problem->setMaxTimeStepsNumber(10);
-    problem->setSavingPath(directory + "/");
+    problem->setSavingPath(directory.slashed());
     double firstStep = 0.0;
     begin = seconds();
     problem->setWatcher([&] {
@@ -76,6 +73,5 @@ int main(int argc, char** argv)
     problem->run();
     std::printf("nine steps more: %.2f s\n", seconds() - firstStep);
     std::filesystem::current_path("/");
-    std::filesystem::remove_all(directory);
     return 0;
 }

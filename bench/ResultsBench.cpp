@@ -1,3 +1,4 @@
+#include "BenchDirectory.h"
 #include "quorvex/QV_Results.h"
 
 #include <benchmark/benchmark.h>
@@ -46,12 +47,6 @@ public:
 private:
     Run()
     {
-        std::string name =
-            (std::filesystem::temp_directory_path() / "quorvex-bench-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) {
-            std::abort();
-        }
-        mPath = name + "/";
         std::ofstream list(mPath + QV_Results::CAPTORS_FILE);
         for (unsigned long k = 0; k < captors; ++k) {
             list << "captors Location: " << k << " RhoSize: " << levels
@@ -75,11 +70,6 @@ private:
             densities << " \n";
         }
     }
-    ~Run()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(mPath, ignored);
-    }
 
     static double valueAt(unsigned long step, unsigned long place)
     {
@@ -87,7 +77,8 @@ private:
         return field * std::sin(0.11 * x + static_cast<double>(place)) * std::exp(-1e-6 * x);
     }
 
-    std::string mPath; ///< With a slash at its end.
+    BenchDirectory mDirectory;
+    std::string mPath = mDirectory.slashed();
 };
 
 void tellSpeed(benchmark::State& state, double bytes)

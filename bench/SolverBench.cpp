@@ -1,3 +1,4 @@
+#include "BenchDirectory.h"
 #include "common/COM_Scoped.h"
 #include "linearAlgebra/LA_ComplexMatrix.h"
 #include "linearAlgebra/LA_RealMatrix.h"
@@ -44,29 +45,22 @@ public:
         : mFormer(std::filesystem::current_path())
         , mBuffer(std::cout.rdbuf(nullptr))
     {
-        std::string name =
-            (std::filesystem::temp_directory_path() / "quorvex-bench-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) {
-            std::abort();
-        }
-        mPath = name;
-        std::filesystem::current_path(mPath);
+        std::filesystem::current_path(mDirectory.path());
     }
     ~QuietDirectory()
     {
         std::cout.rdbuf(mBuffer);
         std::cout.clear();
         std::filesystem::current_path(mFormer);
-        std::filesystem::remove_all(mPath);
     }
     QuietDirectory(const QuietDirectory&) = delete;
     QuietDirectory& operator=(const QuietDirectory&) = delete;
 
-    std::string slashed() const { return mPath.string() + "/"; }
+    std::string slashed() const { return mDirectory.slashed(); }
 
 private:
     std::filesystem::path mFormer;
-    std::filesystem::path mPath;
+    BenchDirectory mDirectory;
     std::streambuf* mBuffer;
 };
 
