@@ -160,8 +160,7 @@ void pass(double* f, unsigned long n, unsigned long l)
     }
     const unsigned long middle = l / 2;
     const double step = quarterPi / static_cast<double>(middle);
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): each value is written before it is read
-    Twiddles w;
+    Twiddles w{};
     for (unsigned long first = 1; first < middle;) {
         const unsigned long end = std::min((first / Twiddles::SIZE + 1) * Twiddles::SIZE, middle);
         evaluate(w, first, end - first, step);

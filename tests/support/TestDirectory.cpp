@@ -8,7 +8,8 @@
 
 TestDirectory::TestDirectory()
 {
-    std::string name = (std::filesystem::temp_directory_path() / "quorvex-test-XXXXXX").string();
+    const std::string letters(6, 'X'); // mkdtemp puts others in their place
+    std::string name = std::filesystem::temp_directory_path() / ("quorvex-test-" + letters);
     if (mkdtemp(name.data()) == nullptr) {
         ADD_FAILURE() << "no temporary directory " << name;
     }

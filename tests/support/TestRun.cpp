@@ -1,18 +1,20 @@
 #include "support/TestRun.h"
 
+#include "support/TestDirectory.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <string>
 #include <unistd.h>
 
 namespace {
 
-pid_t tester = 0;          ///< The process that runs the tests; 0 when they have run.
-std::string temporaryRoot; ///< Removed when the tests have run. Empty: none.
+pid_t tester = 0; ///< The process that runs the tests; 0 when they have run.
+/// Removed when the tests have run, and by no process that a test forks: so no object with a destructor.
+TestDirectory* temporaryRoot = nullptr;
 
 void failUnlessFinished()
 {
@@ -22,27 +24,17 @@ void failUnlessFinished()
     }
 }
 
-/// The directory in which this run and the processes that it starts make their temporary files: those of a
+/// Makes the directory in which this run and the processes that it starts make their temporary files: those of a
 /// process that ends in the middle of a test would stay otherwise.
 void makeTemporaryRoot()
 {
-    std::string name = (std::filesystem::temp_directory_path() / "quorvex-test-XXXXXX").string();
-    if (mkdtemp(name.data()) != nullptr) {
-        temporaryRoot = name;
-        // Some tests go on as another user.
-        std::filesystem::permissions(
-            name, std::filesystem::perms::group_exec | std::filesystem::perms::others_exec,
-            std::filesystem::perm_options::add);
-        setenv("TMPDIR", name.c_str(), 1);
-    }
-}
-
-void removeTemporaryRoot()
-{
-    std::error_code ignored;
-    if (!temporaryRoot.empty()) {
-        std::filesystem::remove_all(temporaryRoot, ignored);
-    }
+    temporaryRoot = new TestDirectory;
+    // Some tests go on as another user.
+    std::filesystem::permissions(temporaryRoot->path(),
+                                 std::filesystem::perms::group_exec
+                                     | std::filesystem::perms::others_exec,
+                                 std::filesystem::perm_options::add);
+    setenv("TMPDIR", temporaryRoot->path().c_str(), 1);
 }
 
 /// True in the fresh copy of the program in which a test waits for the end of the process.
@@ -74,6 +66,7 @@ int TestRun::run()
 {
     const int result = RUN_ALL_TESTS();
     tester = 0;
-    removeTemporaryRoot();
+    delete temporaryRoot;
+    temporaryRoot = nullptr;
     return result;
 }
