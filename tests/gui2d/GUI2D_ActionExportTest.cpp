@@ -33,8 +33,7 @@ TEST(GUI2D_ActionExport, WritesThePictureInTheFormatOfTheExtension)
 {
     const TestDirectory directory;
     const TestPlot plot;
-    plot.root()->setSavingPath(directory.slashed());
-    plot.addAndShow();
+    plot.addAndShowIn(directory);
     exportTo(plot, "plot.pdf");
     exportTo(plot, "plot.SVG");
     exportTo(plot, "plot.png");
@@ -54,8 +53,7 @@ TEST(GUI2D_ActionExport, ANameWithoutAFormatIsPdf)
     const TestDirectory directory;
     directory.write("there.pdf", "kept");
     const TestPlot plot;
-    plot.root()->setSavingPath(directory.slashed());
-    plot.addAndShow();
+    plot.addAndShowIn(directory);
     exportTo(plot, "plot.txt");
     EXPECT_TRUE(directory.read("plot.txt.pdf").starts_with("%PDF"));
     DialogAnswers answers;
@@ -87,8 +85,7 @@ TEST(GUI2D_ActionExport, WithoutAShownCurveThereIsNothingToWrite)
 {
     const TestDirectory directory;
     const TestPlot plot;
-    plot.root()->setSavingPath(directory.slashed());
-    plot.addAndShow();
+    plot.addAndShowIn(directory);
     plot.curve(0).setShown(false);
     DialogAnswers answers;
     answers.add<QFileDialog>([](QFileDialog& dialog) { typeName(dialog, "plot.csv"); });
@@ -108,8 +105,7 @@ TEST(GUI2D_ActionExport, AFailureIsTold)
 {
     const TestDirectory directory;
     const TestPlot plot;
-    plot.root()->setSavingPath(directory.slashed());
-    plot.addAndShow();
+    plot.addAndShowIn(directory);
     DialogAnswers answers;
     answers.add<QFileDialog>([&](QFileDialog& dialog) {
         emit dialog.fileSelected(QString::fromStdString(directory.file("gone/plot.pdf")));
@@ -127,8 +123,7 @@ TEST(GUI2D_ActionExport, CancelWritesNothing)
 {
     const TestDirectory directory;
     const TestPlot plot;
-    plot.root()->setSavingPath(directory.slashed());
-    plot.addAndShow();
+    plot.addAndShowIn(directory);
     DialogAnswers answers;
     answers.add<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
     plot.trigger("Export the Curves");

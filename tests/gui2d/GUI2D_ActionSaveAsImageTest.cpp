@@ -24,8 +24,7 @@ TEST(GUI2D_ActionSaveAsImage, AppendsTheExtension)
 {
     const TestDirectory directory;
     const TestPlot plot;
-    plot.root()->setSavingPath(directory.slashed());
-    plot.addAndShow();
+    plot.addAndShowIn(directory);
     DialogAnswers answers;
     answers.add<QFileDialog>([&](QFileDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Save As Image");
@@ -43,8 +42,7 @@ TEST(GUI2D_ActionSaveAsImage, ANameThatHoldsTheExtensionStays)
 {
     const TestDirectory directory;
     const TestPlot plot;
-    plot.root()->setSavingPath(directory.slashed());
-    plot.addAndShow();
+    plot.addAndShowIn(directory);
     DialogAnswers answers;
     answers.add<QFileDialog>([](QFileDialog& dialog) { typeName(dialog, "a.bmp.gif"); });
     answers.add<QFileDialog>([](QFileDialog& dialog) { typeName(dialog, "b.jpg"); });
@@ -59,8 +57,7 @@ TEST(GUI2D_ActionSaveAsImage, AsksAgainWhenTheLongerNameExists)
     const TestDirectory directory;
     directory.write("plot.bmp", "kept");
     const TestPlot plot;
-    plot.root()->setSavingPath(directory.slashed());
-    plot.addAndShow();
+    plot.addAndShowIn(directory);
     DialogAnswers answers;
     answers.add<QFileDialog>([](QFileDialog& dialog) { typeName(dialog, "plot"); });
     answers.add<QMessageBox>([](QMessageBox& box) {
@@ -82,8 +79,7 @@ TEST(GUI2D_ActionSaveAsImage, AFailureIsTold)
     const TestDirectory directory;
     std::filesystem::create_directory(directory.file("there.bmp"));
     const TestPlot plot;
-    plot.root()->setSavingPath(directory.slashed());
-    plot.addAndShow();
+    plot.addAndShowIn(directory);
     DialogAnswers answers;
     answers.add<QFileDialog>([](QFileDialog& dialog) { typeName(dialog, "there"); });
     answers.add<QMessageBox>(
@@ -100,8 +96,7 @@ TEST(GUI2D_ActionSaveAsImage, CancelWritesNothing)
 {
     const TestDirectory directory;
     const TestPlot plot;
-    plot.root()->setSavingPath(directory.slashed());
-    plot.addAndShow();
+    plot.addAndShowIn(directory);
     DialogAnswers answers;
     answers.add<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
     plot.trigger("Save As Image");

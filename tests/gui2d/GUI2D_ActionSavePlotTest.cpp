@@ -44,8 +44,7 @@ TEST(GUI2D_ActionSavePlot, WhatWasSavedIsLoadedInAnotherWindow)
     const TestDirectory directory;
     {
         const TestPlot plot;
-        plot.root()->setSavingPath(directory.slashed());
-        plot.addAndShow();
+        plot.addAndShowIn(directory);
         plot.plotter().setTitle("saved");
         plot.trigger("Zoom +");
         saveAs(plot, "plot.xml");
@@ -69,8 +68,7 @@ TEST(GUI2D_ActionSavePlot, OpenLegendsShowTheLoadedCurves)
 {
     const TestDirectory directory;
     const TestPlot plot;
-    plot.root()->setSavingPath(directory.slashed());
-    plot.addAndShow();
+    plot.addAndShowIn(directory);
     saveAs(plot, "plot.xml");
     plot.add({0.0, 1.0}, {0.0, 1.0});
     const auto& legends = plot.open<GUI2D_LegendWindow>("&Legends");

@@ -56,6 +56,15 @@ protected:
         return {box.getMinPoint()->getValue(0), box.getMinPoint()->getValue(1),
                 box.getMaxPoint()->getValue(0), box.getMaxPoint()->getValue(1)};
     }
+    /// Prints nothing but the axes, in blue, over that extent.
+    void showAxes(double xMin, double yMin, double xMax, double yMax) const
+    {
+        mPanel->printNothing();
+        mPanel->printAxes(true);
+        mPanel->setAxesColor(Qt::blue);
+        mPanel->setExtent(xMin, yMin, xMax, yMax);
+        mPanel->fitToGraphics();
+    }
     static void turnWheel(QWidget& panel, const QPoint& place, int angle)
     {
         QWheelEvent event(place, panel.mapToGlobal(place), {}, {0, angle}, Qt::NoButton,
@@ -613,11 +622,7 @@ TEST_F(GUI2D_DrawPanelTest, TheGridIsDottedOnEachGraduation)
 
 TEST_F(GUI2D_DrawPanelTest, TheAxesRunThroughZeroWithMarks)
 {
-    mPanel->printNothing();
-    mPanel->printAxes(true);
-    mPanel->setAxesColor(Qt::blue);
-    mPanel->setExtent(-2.0, -1.0, 6.0, 3.0);
-    mPanel->fitToGraphics();
+    showAxes(-2.0, -1.0, 6.0, 3.0);
     // Zero lies on 40, 60.
     ExpectedPicture expected(170, 80);
     expected.box(40, 0, 40, 79, Qt::blue);
@@ -634,11 +639,7 @@ TEST_F(GUI2D_DrawPanelTest, TheAxesRunThroughZeroWithMarks)
 TEST_F(GUI2D_DrawPanelTest, TheMarksForYLieAtThePlaceOfTheXValueThatEndedTheGraduations)
 {
     mPanel->resize(90, 200);
-    mPanel->printNothing();
-    mPanel->printAxes(true);
-    mPanel->setAxesColor(Qt::blue);
-    mPanel->setExtent(-1.0, -6.0, 3.0, 4.0);
-    mPanel->fitToGraphics();
+    showAxes(-1.0, -6.0, 3.0, 4.0);
     // 20 pixels a unit; zero lies on 20, 80; the X graduations end before 4, which would fall on 100.
     ExpectedPicture expected(90, 200);
     expected.box(20, 0, 20, 199, Qt::blue);

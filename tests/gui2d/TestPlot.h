@@ -9,6 +9,7 @@
 #include "gui2d/GUI2D_Plotter.h"
 #include "gui2d/GUI2D_PlotterWindow.h"
 #include "support/ProjectRoot.h"
+#include "support/TestDirectory.h"
 
 #include <QEvent>
 #include <QToolButton>
@@ -50,6 +51,12 @@ public:
         EXPECT_TRUE(QTest::qWaitForWindowExposed(mWindow));
         settle();
     }
+    /// The same in a project of that directory, where file dialogs begin.
+    void addAndShowIn(const TestDirectory& directory) const
+    {
+        mRoot->setSavingPath(directory.slashed());
+        addAndShow();
+    }
     /// The action of that label, or null.
     GUI_Action* find(const std::string& label) const
     {
@@ -90,15 +97,7 @@ public:
     template <typename Window>
     std::vector<Window*> children() const
     {
-        std::vector<Window*> found;
-        const COM_Scoped all(COM_Array<GUI_ChildWindow>::New());
-        mWindow->getChildren(*all);
-        for (unsigned long i = 0; i < all->size(); ++i) {
-            if (auto* const window = dynamic_cast<Window*>(all->get(i))) {
-                found.push_back(window);
-            }
-        }
-        return found;
+        return childrenOf<Window>(*mWindow);
     }
     /// Triggers the action, and the window that it opens.
     template <typename Window>

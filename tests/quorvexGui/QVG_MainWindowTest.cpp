@@ -24,6 +24,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <functional>
 #include <iostream>
 #include <set>
 #include <unistd.h>
@@ -107,6 +108,33 @@ std::string field(const std::string& name, const std::string& value)
 {
     return "\t\t<MM_FIELD mName=\"" + name + "\">\n\t\t\t<MM_VALUE>" + value
            + "</MM_VALUE>\n\t\t</MM_FIELD>\n";
+}
+
+/// Saves again and again in another process, which is killed some microseconds after it has saved once. False: it
+/// has never saved, or was not killed.
+bool isKilledAfter(int delay, const std::function<void(int round)>& save)
+{
+    int pipeEnds[2];
+    if (pipe(pipeEnds) != 0) {
+        return false;
+    }
+    const pid_t child = startInChild([&save, &pipeEnds] {
+        std::cout.setstate(std::ios::failbit); // its log would mingle with ours
+        const char done = 0;
+        for (int round = 0;; ++round) {
+            save(round);
+            if (round == 0 && ::write(pipeEnds[1], &done, 1) != 1) {
+                return 1;
+            }
+        }
+    });
+    close(pipeEnds[1]);
+    char done = 1;
+    const bool hasSaved = ::read(pipeEnds[0], &done, 1) == 1;
+    close(pipeEnds[0]);
+    usleep(static_cast<useconds_t>(delay));
+    kill(child, SIGKILL);
+    return endOfChild(child) == -SIGKILL && hasSaved;
 }
 
 } // namespace
@@ -417,26 +445,12 @@ TEST(QVG_MainWindow, AProjectWhoseSavingIsKilledIsWholeAndOpens)
     const std::string project = window.read("project.dpj");
 
     for (int i = 0; i < kills; ++i) {
-        int pipeEnds[2];
-        ASSERT_EQ(pipe(pipeEnds), 0);
-        const pid_t child = startInChild([&window, &pipeEnds] {
-            std::cout.setstate(std::ios::failbit); // its log would mingle with ours
-            for (char round = 0;; ++round) {
-                window.wave().setWavePackageDuration(durations[round % 2 == 0 ? 0 : 1]);
-                window->save();
-                if (round == 0 && ::write(pipeEnds[1], &round, 1) != 1) {
-                    return 1;
-                }
-            }
-        });
-        close(pipeEnds[1]);
-        char round = 1;
-        const bool hasSaved = ::read(pipeEnds[0], &round, 1) == 1;
-        close(pipeEnds[0]);
-        usleep(static_cast<useconds_t>(i * step));
-        kill(child, SIGKILL);
-        EXPECT_EQ(endOfChild(child), -SIGKILL);
-        ASSERT_TRUE(hasSaved) << "kill " << i;
+        ASSERT_TRUE(isKilledAfter(i * step,
+                                  [&window](int round) {
+                                      window.wave().setWavePackageDuration(durations[round % 2]);
+                                      window->save();
+                                  }))
+            << "kill " << i;
         ASSERT_EQ(models.count(window.read("parameters.xml")), 1U) << "kill " << i;
         ASSERT_EQ(window.read("project.dpj"), project) << "kill " << i;
         ASSERT_EQ(window.read("savingPlotterWindows.txt"), "") << "kill " << i;
@@ -719,25 +733,8 @@ TEST(QVG_MainWindow, APlotWhoseSavingIsKilledIsMissingOrWhole)
     const std::string name = fileOf(plot);
     const std::string whole = window.read(name);
     for (int i = 0; i < kills; ++i) {
-        int pipeEnds[2];
-        ASSERT_EQ(pipe(pipeEnds), 0);
-        const pid_t child = startInChild([&window, &pipeEnds] {
-            std::cout.setstate(std::ios::failbit); // its log would mingle with ours
-            for (char round = 0;; round = 1) {
-                window->save();
-                if (round == 0 && ::write(pipeEnds[1], &round, 1) != 1) {
-                    return 1;
-                }
-            }
-        });
-        close(pipeEnds[1]);
-        char round = 1;
-        const bool hasSaved = ::read(pipeEnds[0], &round, 1) == 1;
-        close(pipeEnds[0]);
-        usleep(static_cast<useconds_t>(i * step));
-        kill(child, SIGKILL);
-        EXPECT_EQ(endOfChild(child), -SIGKILL);
-        ASSERT_TRUE(hasSaved) << "kill " << i;
+        ASSERT_TRUE(isKilledAfter(i * step, [&window](int /*round*/) { window->save(); }))
+            << "kill " << i;
         ASSERT_EQ(window.read("savingPlotterWindows.txt"), name + " 10 20 400 300\n")
             << "kill " << i;
         if (window.exists(name)) {

@@ -78,15 +78,7 @@ public:
     template <typename Window>
     std::vector<Window*> children() const
     {
-        std::vector<Window*> found;
-        const COM_Scoped all(COM_Array<GUI_ChildWindow>::New());
-        mWindow->getChildren(*all);
-        for (unsigned long i = 0; i < all->size(); ++i) {
-            if (auto* const window = dynamic_cast<Window*>(all->get(i))) {
-                found.push_back(window);
-            }
-        }
-        return found;
+        return childrenOf<Window>(*mWindow);
     }
 
 private:

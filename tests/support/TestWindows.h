@@ -1,4 +1,5 @@
 #pragma once
+#include "common/COM_Array.h"
 #include "common/COM_Scoped.h"
 #include "gui/GUI_ChildMenu.h"
 #include "gui/GUI_ChildWindow.h"
@@ -14,12 +15,28 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 /// Lets the event loop do what waits, deletions included.
 inline void settle()
 {
     constexpr int patience = 10; // ms
     QTest::qWait(patience);
+}
+
+/// The child windows of a class, in the order of their making.
+template <typename Window>
+std::vector<Window*> childrenOf(const GUI_ParentWindow& parent)
+{
+    std::vector<Window*> found;
+    const COM_Scoped all(COM_Array<GUI_ChildWindow>::New());
+    parent.getChildren(*all);
+    for (unsigned long i = 0; i < all->size(); ++i) {
+        if (auto* const window = dynamic_cast<Window*>(all->get(i))) {
+            found.push_back(window);
+        }
+    }
+    return found;
 }
 
 /// A menu bar that counts its calls.
