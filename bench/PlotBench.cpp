@@ -21,6 +21,7 @@ namespace {
 constexpr int width = 800;
 constexpr int height = 500;
 constexpr double hundredth = 0.01;
+constexpr int drawings = 100; ///< Of which the mean is told.
 
 /// What is drawn: a number of curves of a number of points, whole or a hundredth of it, as they are or as logarithms.
 struct Case
@@ -164,7 +165,10 @@ void drawElsewhere(benchmark::State& state)
 
 void cases(benchmark::internal::Benchmark* benchmark)
 {
-    benchmark->ArgNames({"points", "curves", "zoomed", "log"})->Unit(benchmark::kMillisecond);
+    // A plot takes far longer to be made than to be drawn: each is made once.
+    benchmark->ArgNames({"points", "curves", "zoomed", "log"})
+        ->Unit(benchmark::kMillisecond)
+        ->Iterations(drawings);
     for (const auto& [points, curves] : {std::pair{100000, 1}, {1000000, 1}, {1000000, 10}}) {
         for (const int zoomed : {0, 1}) {
             for (const int logarithmic : {0, 1}) {

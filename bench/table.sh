@@ -69,13 +69,13 @@ if [ -x "$plot" ]; then
         echo
         echo "| pixel ratio $ratio: points, curves | view | values | same view | QCustomPlot | next view | QCustomPlot |"
         echo "|---|---|---|---|---|---|---|"
-        QT_SCALE_FACTOR=$ratio "$plot" --benchmark_min_time=0.05 --benchmark_format=csv 2>/dev/null | awk -F, '
+        QT_SCALE_FACTOR=$ratio "$plot" --benchmark_format=csv 2>/dev/null | awk -F, '
             /^"draw/ {
                 gsub(/"/, "", $1)
                 split($1, name, "/")
                 key = name[2] "/" name[3] "/" name[4] "/" name[5]
                 if (!(key in seen)) { seen[key] = 1; order[++n] = key }
-                time[key, name[1]] = $3
+                time[key, name[1]] = $4
             }
             END {
                 for (i = 1; i <= n; ++i) {

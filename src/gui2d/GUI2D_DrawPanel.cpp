@@ -509,7 +509,14 @@ void GUI2D_DrawPanel::drawText(int x, int y, const std::string& text, const COM_
 {
     if (QPainter* const painter = getPainter()) {
         painter->setPen(toQColor(color));
-        painter->drawText(x, y, toQString(text));
+        drawText(x, y, toQString(text));
+    }
+}
+
+void GUI2D_DrawPanel::drawText(int x, int y, const QString& text) const
+{
+    if (QPainter* const painter = getPainter()) {
+        mTexts.draw(*painter, x, y, text);
     }
 }
 
@@ -558,16 +565,18 @@ std::array<unsigned long, 4> GUI2D_DrawPanel::getMargins() const
     return {mNorthSize, mSouthSize, mWestSize, mEastSize};
 }
 
-QPixmap GUI2D_DrawPanel::render(double pixelRatio)
+const QPixmap& GUI2D_DrawPanel::render(double pixelRatio)
 {
-    QPixmap picture(size() * pixelRatio);
-    picture.setDevicePixelRatio(pixelRatio);
+    if (mPicture.size() != size() * pixelRatio) {
+        mPicture = QPixmap(size() * pixelRatio);
+    }
+    mPicture.setDevicePixelRatio(pixelRatio);
     updateGraphicsArea();
-    for (int pass = 0; pass < maxPasses && !picture.isNull(); ++pass) {
+    for (int pass = 0; pass < maxPasses && !mPicture.isNull(); ++pass) {
         const std::array<unsigned long, 4> margins = getMargins();
         mRedraw = false;
-        picture.fill(getBackgroundColor());
-        QPainter painter(&picture);
+        mPicture.fill(getBackgroundColor());
+        QPainter painter(&mPicture);
         drawInPainter(painter);
         updateGraphicsArea();
         if (!mRedraw || getMargins() == margins) {
@@ -575,12 +584,12 @@ QPixmap GUI2D_DrawPanel::render(double pixelRatio)
         }
     }
     mRedraw = false;
-    return picture;
+    return mPicture;
 }
 
 void GUI2D_DrawPanel::paintEvent(QPaintEvent* /*event*/)
 {
-    const QPixmap picture = render(devicePixelRatioF());
+    const QPixmap& picture = render(devicePixelRatioF());
     QPainter(this).drawPixmap(0, 0, picture);
 }
 
@@ -668,7 +677,7 @@ void GUI2D_DrawPanel::paintAxes()
 
 int GUI2D_DrawPanel::getTextWidth(const QString& text) const
 {
-    return fontMetrics().horizontalAdvance(text);
+    return mTexts.getWidth(font(), text);
 }
 
 int GUI2D_DrawPanel::getFontHeight() const
@@ -720,7 +729,7 @@ void GUI2D_DrawPanel::paintXScale()
         if (limit > width()) {
             break;
         }
-        mPainter->drawText(p, getFontHeight() + bottom, label);
+        drawText(p, getFontHeight() + bottom, label);
         mPainter->drawLine(p, bottom, p, bottom - size);
         mPainter->drawLine(p, top, p, top + size);
         limit += dash;
@@ -746,7 +755,7 @@ void GUI2D_DrawPanel::paintYScale()
             continue;
         }
         const QString label = getScaleText(y * mYadim, mYScaleType);
-        mPainter->drawText(2 * height, q + height / 3, label);
+        drawText(2 * height, q + height / 3, label);
         mPainter->drawLine(left, q, left + size, q);
         mPainter->drawLine(right, q, right - size, q);
         grow(mWestSize, 2 * height + getTextWidth(label) + dash);
@@ -765,16 +774,16 @@ void GUI2D_DrawPanel::paintFactors()
         const QString power = exponent(mPXFactor);
         const int x = static_cast<int>(mGraphicsWidth) + toInt(mWestSize);
         const int y = static_cast<int>(mGraphicsHeight) + toInt(mNorthSize);
-        mPainter->drawText(x, y + height / 4, ten);
-        mPainter->drawText(x + tenWidth, y - height / 8, power);
+        drawText(x, y + height / 4, ten);
+        drawText(x + tenWidth, y - height / 8, power);
         grow(mEastSize, tenWidth + getTextWidth(power));
     }
     if (mPYFactor != 0.0) {
         const QString power = exponent(mPYFactor);
         const int x = 2 * height;
         const int y = toInt(mNorthSize);
-        mPainter->drawText(x, y - height / 4, ten);
-        mPainter->drawText(x + tenWidth, y - 3 * height / 4, power);
+        drawText(x, y - height / 4, ten);
+        drawText(x + tenWidth, y - 3 * height / 4, power);
         grow(mWestSize, x + tenWidth + getTextWidth(power));
     }
 }
@@ -784,13 +793,13 @@ void GUI2D_DrawPanel::paintLabels()
     const int fontHeight = getFontHeight();
     if (mTitlePrinted) {
         setLinePen(mTitleColor);
-        mPainter->drawText((width() - getTextWidth(mTitle)) / 2, fontHeight, mTitle);
+        drawText((width() - getTextWidth(mTitle)) / 2, fontHeight, mTitle);
         grow(mNorthSize, fontHeight + fontHeight / 2);
     }
     if (mXLabelPrinted) {
         setLinePen(mXLabelColor);
         const int y = static_cast<int>(mGraphicsHeight) + toInt(mNorthSize) + toInt(mSouthSize);
-        mPainter->drawText((width() - getTextWidth(mXLabel)) / 2, y - fontHeight, mXLabel);
+        drawText((width() - getTextWidth(mXLabel)) / 2, y - fontHeight, mXLabel);
         grow(mSouthSize, 4 * fontHeight);
     }
     if (mYLabelPrinted) {

@@ -2,9 +2,11 @@
 #include "common/COM_Array.h"
 #include "gui/GUI_FramePanel.h"
 #include "gui2d/GUI2D_Mapping.h"
+#include "gui2d/GUI2D_Texts.h"
 #include "metaModel/MM_Class.h"
 
 #include <QColor>
+#include <QPixmap>
 #include <QPoint>
 #include <QString>
 
@@ -15,7 +17,6 @@ class COM_Color;
 class GEO_Box;
 class GEO_Point;
 class QPainter;
-class QPixmap;
 class QPrinter;
 
 /// A rectangle of model space on a panel: grid, axes, graduated scales, a title, labels, and in the middle
@@ -201,6 +202,8 @@ protected:
     /// Asks for another pass of the present paint, since a margin has changed.
     void requestPass() { mRedraw = true; }
     void setWestWidth(unsigned long width) { mWestSize = width; }
+    /// A text in pixels, `y` being its baseline, in the colour of the pen.
+    void drawText(int x, int y, const QString& text) const;
     // Of the widget's font, in pixels.
     int getTextWidth(const QString& text) const;
     int getFontHeight() const;
@@ -240,9 +243,9 @@ private:
     /// Pixels show model points: the graphics area has a size.
     bool isScaled() const;
 
-    /// Paints the panel again while its margins change, though not for ever, and gives the last picture.
-    /// Null where the panel has no size.
-    QPixmap render(double pixelRatio);
+    /// Paints the panel again while its margins change, though not for ever, and gives the last picture, which
+    /// stays until the next is painted. Null where the panel has no size.
+    const QPixmap& render(double pixelRatio);
     /// The margins, by which passes are compared.
     std::array<unsigned long, 4> getMargins() const;
     /// Makes a margin at least this wide.
@@ -325,5 +328,7 @@ private:
     COM_Array<GEO_Box>* mDrawingBoxes; ///< Every view visited. Counted.
     QPainter* mPainter = nullptr; ///< Of the last paint; only good while `mPainting`. Borrowed.
     bool mPainting = false;
+    QPixmap mPicture; ///< The last one, kept for its memory.
+    mutable GUI2D_Texts mTexts;
     int mWheelAngle = 0; ///< Turned since the last notch, in eighths of a degree.
 };

@@ -7,15 +7,10 @@
 #include <QPen>
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace {
-
-bool hasPixels(const QPainter& painter)
-{
-    const QPaintEngine* const engine = painter.paintEngine();
-    return engine != nullptr && engine->type() == QPaintEngine::Raster;
-}
 
 QPen penOf(QRgb color)
 {
@@ -37,7 +32,60 @@ void fillColumn(QImage& picture, int column, int from, int to, QRgb color)
     }
 }
 
+/// A line on the picture from a column to the next, so short that a painter's rounding does not show.
+bool isStep(const QImage& picture, const QLine& line)
+{
+    constexpr int longest = 128;
+    return std::abs(line.dx()) == 1 && std::abs(line.dy()) <= longest && picture.valid(line.p1())
+           && picture.valid(line.p2());
+}
+
+/// A painter puts such a line on its left column and only the last pixel on the right one.
+void fillStep(QImage& picture, const QLine& line, QRgb color)
+{
+    const bool isAscending = line.dx() > 0;
+    const QPoint left = isAscending ? line.p1() : line.p2();
+    const QPoint right = isAscending ? line.p2() : line.p1();
+    const int back = std::clamp(left.y() - right.y(), -1, 1);
+    fillColumn(picture, left.x(), left.y(), right.y() + back, color);
+    fillColumn(picture, right.x(), right.y(), right.y(), color);
+}
+
+/// The smallest rectangle with the pixels of all lines.
+QRect boundsOf(const std::vector<QLine>& lines)
+{
+    if (lines.empty()) {
+        return {};
+    }
+    int left = lines.front().x1();
+    int right = left;
+    int top = lines.front().y1();
+    int bottom = top;
+    for (const QLine& line : lines) {
+        left = std::min({left, line.x1(), line.x2()});
+        right = std::max({right, line.x1(), line.x2()});
+        top = std::min({top, line.y1(), line.y2()});
+        bottom = std::max({bottom, line.y1(), line.y2()});
+    }
+    return {QPoint(left, top), QPoint(right, bottom)};
+}
+
+/// Makes a rectangle of the picture transparent.
+void clear(QImage& picture, const QRect& rectangle)
+{
+    for (int row = rectangle.top(); row <= rectangle.bottom(); ++row) {
+        QRgb* const pixels = reinterpret_cast<QRgb*>(picture.scanLine(row)) + rectangle.left();
+        std::fill_n(pixels, rectangle.width(), 0U);
+    }
+}
+
 } // namespace
+
+bool GUI2D_Layer::hasPixels(const QPainter& painter)
+{
+    const QPaintEngine* const engine = painter.paintEngine();
+    return engine != nullptr && engine->type() == QPaintEngine::Raster;
+}
 
 void GUI2D_Layer::drawLines(QImage& picture, const std::vector<QLine>& lines, QRgb color)
 {
@@ -45,6 +93,8 @@ void GUI2D_Layer::drawLines(QImage& picture, const std::vector<QLine>& lines, QR
     for (const QLine& line : lines) {
         if (line.x1() == line.x2()) {
             fillColumn(picture, line.x1(), line.y1(), line.y2(), color);
+        } else if (isStep(picture, line)) {
+            fillStep(picture, line, color);
         } else {
             others.push_back(line);
         }
@@ -63,7 +113,7 @@ void GUI2D_Layer::paint(QPainter& painter, const GUI2D_Mapping& mapping, const Q
         const double ratio = painter.device()->devicePixelRatioF();
         update(mapping.scaled(ratio), (QSizeF(size) * ratio).toSize(), curves);
         mPicture.setDevicePixelRatio(ratio);
-        painter.drawImage(0, 0, mPicture);
+        painter.drawImage(QPointF(mCovered.topLeft()) / ratio, mPicture, mCovered);
         mPicture.setDevicePixelRatio(1.0);
         return;
     }
@@ -87,12 +137,16 @@ void GUI2D_Layer::update(const GUI2D_Mapping& mapping, const QSize& size,
     }
     if (mPicture.size() != size) {
         mPicture = QImage(size, QImage::Format_ARGB32_Premultiplied);
+        mCovered = mPicture.rect();
     }
-    mPicture.fill(Qt::transparent);
+    clear(mPicture, mCovered);
+    mCovered = {};
     for (const Curve& curve : curves) {
-        drawLines(mPicture, curve.mTrace->lines(mapping, size.width(), size.height()),
-                  curve.mColor);
+        const std::vector<QLine>& lines = curve.mTrace->lines(mapping, size.width(), size.height());
+        drawLines(mPicture, lines, curve.mColor);
+        mCovered |= boundsOf(lines);
     }
+    mCovered &= mPicture.rect();
     mMapping = mapping;
     mCurves = std::move(wanted);
 }

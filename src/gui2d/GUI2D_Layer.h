@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QLine>
+#include <QRect>
 
 #include <cstdint>
 #include <vector>
@@ -27,6 +28,8 @@ public:
     void paint(QPainter& painter, const GUI2D_Mapping& mapping, const QSize& size,
                const std::vector<Curve>& curves);
 
+    /// Whether the painter fills pixels. A printer or a file of shapes gets lines and letters instead.
+    static bool hasPixels(const QPainter& painter);
     /// Draws lines on a picture, exactly as a painter does.
     static void drawLines(QImage& picture, const std::vector<QLine>& lines, QRgb color);
 
@@ -43,6 +46,7 @@ private:
     void update(const GUI2D_Mapping& mapping, const QSize& size, const std::vector<Curve>& curves);
 
     QImage mPicture;            ///< In pixels of the screen. Null: none is kept.
+    QRect mCovered;             ///< The part of the picture outside which nothing is drawn.
     GUI2D_Mapping mMapping;     ///< Onto the picture.
     std::vector<Drawn> mCurves; ///< Those on the picture.
 };

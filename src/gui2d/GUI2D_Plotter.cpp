@@ -254,8 +254,8 @@ void GUI2D_Plotter::paintSubTitles()
         requestPass();
     }
     setPen(getTitleColor(), SOLID_LINE);
-    getPainter()->drawText(open, "( ");
-    getPainter()->drawText(pen, ")");
+    drawText(open.x(), open.y(), "( ");
+    drawText(pen.x(), pen.y(), ")");
     for (const Place& place : places) {
         drawName(*place.mCurve, place.mBaseline);
     }

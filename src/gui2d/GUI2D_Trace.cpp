@@ -58,21 +58,26 @@ public:
     {
         const std::size_t size = mTrace.mSize;
         // The points of the view, with a neighbour on each side.
-        const std::size_t inside =
-            firstIndex(0, size, [this](std::size_t i) { return modelX(i) >= mMapping.xMin(); });
-        const std::size_t beyond =
-            firstIndex(inside, size, [this](std::size_t i) { return modelX(i) > mMapping.xMax(); });
+        const std::size_t inside = firstIndex(
+            0, size, size / 2, [this](std::size_t i) { return modelX(i) >= mMapping.xMin(); });
+        const std::size_t beyond = firstIndex(
+            inside, size, size, [this](std::size_t i) { return modelX(i) > mMapping.xMax(); });
         const std::size_t end = std::min(beyond + 1, size);
         std::size_t first = inside > 0 ? inside - 1 : 0;
+        std::size_t length = 1; // Of the stretch before: mostly, all are of about one length.
         while (first < end) {
             const int column = columnOf(first);
-            const std::size_t next = firstIndex(
-                first, end, [this, column](std::size_t i) { return columnOf(i) != column; });
+            const std::size_t next =
+                firstIndex(first + 1, end, first + length, [this, column](std::size_t i) {
+                    const double pixel = mMapping.pixelX(modelX(i));
+                    return !(pixel >= column && pixel < column + 1.0);
+                });
             // The neighbours outside the view belong to no column of it, even on a pixel of one.
             stretch(first, next - 1);
             if (next < end) {
                 segment(point(next - 1), point(next));
             }
+            length = next - first;
             first = next;
         }
         mCoverage.takeLines(mLines);
@@ -87,21 +92,34 @@ private:
     }
 
     /// The first index of a range for which `is` holds, its end if there is none. Requires: `is` holds from one
-    /// index on. Steps that double find near ones fast.
+    /// index on, and `guess` is not below `begin`. It is found fast near `guess`, by steps that double.
     template <typename Predicate>
-    static std::size_t firstIndex(std::size_t begin, std::size_t end, const Predicate& is)
+    static std::size_t firstIndex(std::size_t begin, std::size_t end, std::size_t guess,
+                                  const Predicate& is)
     {
-        std::size_t step = 1;
         std::size_t low = begin; // All below are not so.
-        std::size_t high = end;
-        while (low < end) {
-            const std::size_t probe = std::min(low + step, end) - 1;
-            if (is(probe)) {
+        std::size_t high = end;  // All from here on are so.
+        const std::size_t start = std::min(guess, end - 1);
+        if (begin < end && is(start)) {
+            high = start;
+            for (std::size_t step = 1; low < high; step *= 2) {
+                const std::size_t probe = high - std::min(step, high - low);
+                if (!is(probe)) {
+                    low = probe + 1;
+                    break;
+                }
                 high = probe;
-                break;
             }
-            low = probe + 1;
-            step *= 2;
+        } else if (begin < end) {
+            low = start + 1;
+            for (std::size_t step = 1; low < high; step *= 2) {
+                const std::size_t probe = low + std::min(step, high - low) - 1;
+                if (is(probe)) {
+                    high = probe;
+                    break;
+                }
+                low = probe + 1;
+            }
         }
         while (low < high) {
             const std::size_t middle = low + (high - low) / 2;

@@ -417,7 +417,7 @@ TEST_F(GUI_ApplicationTest, QtsOwnTextsFollowTheLanguage)
     EXPECT_EQ(cancel(), "Annuler");
 }
 
-TEST_F(GUI_ApplicationTest, TheStatedTranslatorFileComesFirst)
+TEST_F(GUI_ApplicationTest, TheTranslatorFileOfTheProgramComesFirst)
 {
     const std::string source =
         QLibraryInfo::path(QLibraryInfo::TranslationsPath).toStdString() + "/qtbase_de.qm";

@@ -75,7 +75,7 @@ protected:
 
 } // namespace
 
-TEST_F(NewProjectPanel, HasTheStatedTexts)
+TEST_F(NewProjectPanel, HasItsTexts)
 {
     open();
     QStringList labels;

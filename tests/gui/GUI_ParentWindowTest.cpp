@@ -130,7 +130,7 @@ protected:
 
 } // namespace
 
-TEST(GUI_ParentWindow, ANewWindowHasTheStatedDefaults)
+TEST(GUI_ParentWindow, ANewWindowHasItsDefaults)
 {
     const COM_Scoped window(GUI_RootWindow::New());
     EXPECT_EQ(window->getName(), "Parent Window");

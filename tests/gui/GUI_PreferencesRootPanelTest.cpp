@@ -109,7 +109,7 @@ protected:
 
 } // namespace
 
-TEST_F(PreferencesRootPanel, HasTheStatedTexts)
+TEST_F(PreferencesRootPanel, HasItsTexts)
 {
     QStringList labels;
     for (const QLabel* const label : form().findChildren<GUI_Label*>()) {

@@ -28,7 +28,7 @@ std::vector<QWidget*> progressWindows()
 
 } // namespace
 
-TEST(GUI_Progress, ShowsAWindowOfTheStatedSizeAndCaption)
+TEST(GUI_Progress, ShowsAWindowOfItsSizeAndCaption)
 {
     const ProjectRoot root;
     const COM_Scoped progress(GUI_Progress::New(*root, 20));

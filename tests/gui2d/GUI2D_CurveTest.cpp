@@ -37,7 +37,7 @@ protected:
 
 } // namespace
 
-TEST_F(GUI2D_CurveTest, StartsAsStated)
+TEST_F(GUI2D_CurveTest, StartsWithItsDefaults)
 {
     EXPECT_EQ(mCurve->getName(), "Curve");
     EXPECT_TRUE(mCurve->isShown());

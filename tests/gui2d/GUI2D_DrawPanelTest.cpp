@@ -118,7 +118,7 @@ protected:
 
 // ---------------------------------------------------------------- a new panel
 
-TEST_F(GUI2D_DrawPanelTest, StartsAsStated)
+TEST_F(GUI2D_DrawPanelTest, StartsWithItsDefaults)
 {
     EXPECT_EQ(GUI2D_DrawPanel::REAL_SCALE_TYPE, 0);
     EXPECT_EQ(GUI2D_DrawPanel::INTEGER_SCALE_TYPE, 1);
@@ -671,7 +671,7 @@ TEST_F(GUI2D_DrawPanelTest, AxesAreTestedAgainstTheSizeOfTheGraphicsAlone)
     EXPECT_EQ(pictureOf(*mPanel).pixelColor(80, 40), QColor(Qt::blue));
 }
 
-TEST_F(GUI2D_DrawPanelTest, PaintsInTheStatedOrder)
+TEST_F(GUI2D_DrawPanelTest, PaintsInOrder)
 {
     mPanel->printNothing();
     mPanel->printGrid(true);

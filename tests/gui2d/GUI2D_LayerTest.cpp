@@ -16,6 +16,8 @@ constexpr QRgb red = 0xffff0000;
 constexpr QRgb blue = 0xff0000ff;
 constexpr int width = 120;
 constexpr int height = 80;
+constexpr int wide = 20; ///< Of the pictures for single lines.
+constexpr int tall = 1400;
 
 /// A wave of some hundred points, and the part of it that a panel shows.
 class GUI2D_LayerTest : public testing::Test
@@ -65,6 +67,22 @@ protected:
             }
         }
         return image;
+    }
+
+    /// Expects the lines to be drawn as a painter draws them one by one.
+    static void expectPlain(const std::vector<QLine>& lines)
+    {
+        QImage image(wide, tall, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::white);
+        QImage plain = image;
+        GUI2D_Layer::drawLines(image, lines, blue);
+        QPainter painter(&plain);
+        painter.setPen(QPen(QColor(blue), 0));
+        for (const QLine& line : lines) {
+            painter.drawLine(line);
+        }
+        painter.end();
+        EXPECT_EQ(image, plain);
     }
 
     std::vector<double> mX;
@@ -131,17 +149,27 @@ TEST_F(GUI2D_LayerTest, GivesTheLinesToADeviceWithoutPixels)
 
 TEST_F(GUI2D_LayerTest, LinesBeyondThePictureAreCut)
 {
-    QImage image(20, 10, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::white);
-    QImage plain = image;
-    const std::vector<QLine> lines{QLine(-1, 2, -1, 5), QLine(3, -7, 3, 40), QLine(20, 0, 20, 9),
-                                   QLine(5, 4, 5, 2),   QLine(0, 9, 19, 0),  QLine(7, 30, 7, 40)};
-    GUI2D_Layer::drawLines(image, lines, blue);
-    QPainter painter(&plain);
-    painter.setPen(QPen(QColor(blue), 0));
-    for (const QLine& line : lines) {
-        painter.drawLine(line);
+    const std::vector<QLine> lines{QLine(-1, 2, -1, 5),     QLine(3, -7, 3, tall + 9),
+                                   QLine(wide, 0, wide, 9), QLine(5, 4, 5, 2),
+                                   QLine(0, 9, 19, 0),      QLine(7, tall + 3, 7, tall + 7)};
+    expectPlain(lines);
+}
+
+TEST_F(GUI2D_LayerTest, LinesToTheNextColumnAreThoseOfAPainter)
+{
+    for (const int y : {tall / 2, tall / 2 + 13, tall / 2 + 50}) {
+        for (int dy = -tall / 2; dy < tall / 3; ++dy) {
+            for (const int dx : {-2, -1, 1, 2}) {
+                SCOPED_TRACE(testing::Message() << y << " " << dx << " " << dy);
+                expectPlain({QLine(10, y, 10 + dx, y + dy)});
+                if (HasFailure()) {
+                    return;
+                }
+            }
+        }
     }
-    painter.end();
-    EXPECT_EQ(image, plain);
+    // Half on the picture.
+    expectPlain({QLine(0, 5, -1, 90)});
+    expectPlain({QLine(wide - 1, 5, wide, 90)});
+    expectPlain({QLine(4, -30, 5, 90), QLine(8, tall - 10, 7, tall + 40)});
 }
