@@ -52,8 +52,9 @@ GUI2D_ToolsPanel::GUI2D_ToolsPanel(GUI_ParentWindow& window)
 
 void GUI2D_ToolsPanel::initComponents()
 {
-    const COM_Scoped layout(GUI_RootGridLayout::New(*this, buttonsRow + 1, 2, margin, spacing));
+    const COM_Scoped layout(GUI_RootGridLayout::New(*this, buttonsRow + 2, 2, margin, spacing));
     layout->setColumnStretch(1, 1);
+    layout->setRowStretch(buttonsRow + 1, 1);
     const auto addLabel = [this, &layout](int row, const std::string& text, QWidget& buddy) {
         const COM_Scoped label(GUI_Label::New(*this, noField));
         label->setLabel(text);

@@ -106,6 +106,20 @@ TEST(GUI2D_ToolsPanel, TextsAreThoseOfTheForm)
     EXPECT_TRUE(labels.contains("FFT computed on the 2 power"));
 }
 
+TEST(GUI2D_ToolsPanel, TheFormStaysTogetherInAHigherWindow)
+{
+    const Tools tools(4);
+    const auto bottom = [&] {
+        return tools.get<GUI_Button>(Panel::COMPO_CANCEL).geometry().bottom();
+    };
+    const int former = bottom();
+    QWidget* const window = tools.panel().window();
+    window->resize(window->width(), window->height() + 300);
+    settle();
+    EXPECT_GT(tools.panel().height(), former + 300);
+    EXPECT_LT(bottom(), former + 30);
+}
+
 TEST(GUI2D_ToolsPanel, ComponentsAreNumberedInTheirOrder)
 {
     unsigned char number = 0;
