@@ -12,6 +12,7 @@
 #include "gui/GUI_RootGridLayout.h"
 #include "gui/GUI_UnknownAction.h"
 #include "gui2d/GUI2D_Curve.h"
+#include "gui2d/GUI2D_CurvesSelectionPanel.h"
 #include "gui2d/GUI2D_Plotter.h"
 #include "gui2d/GUI2D_Source.h"
 
@@ -22,19 +23,16 @@ constexpr int margin = 11;
 constexpr int spacing = 6;
 constexpr int nameWidth = 24; ///< In characters.
 
-std::string nameOf(const COM_Color* color)
+std::string colorOf(const GUI2D_Curve& curve)
 {
-    const QColor shown = color == nullptr
-                             ? QColor(Qt::black)
-                             : QColor(color->getRed(), color->getGreen(), color->getBlue());
-    return GUI_Object::toTString(shown.name());
+    return GUI_Object::toTString(GUI2D_CurvesSelectionPanel::colorOf(curve).name());
 }
 
 void setColor(GUI2D_Curve& curve, const std::string& name)
 {
     // The button reports dialogs that were cancelled too.
     const QColor chosen(GUI_Object::toQString(name));
-    if (chosen.isValid() && name != nameOf(curve.getColor())) {
+    if (chosen.isValid() && name != colorOf(curve)) {
         const COM_Scoped color(COM_Color::New(chosen.red(), chosen.green(), chosen.blue()));
         curve.setColor(*color);
     }
@@ -80,7 +78,7 @@ void GUI2D_CurveItemPanel::updateValues()
     const GUI_Display display(*this);
     if (const auto* const curve = dynamic_cast<const GUI2D_Curve*>(getItem())) {
         show(COMPO_NAME, curve->getName());
-        show(COMPO_COLOR, nameOf(curve->getColor()));
+        show(COMPO_COLOR, colorOf(*curve));
         show(COMPO_VISIBLE, curve->isShown() ? "1" : "0");
     }
     GUI_ItemPanel::updateValues();
@@ -113,6 +111,9 @@ void GUI2D_CurveItemPanel::componentClicked(GUI_ActionComponent& component)
     default:
         GUI_UnknownAction::print(component);
         return;
+    }
+    if (auto* const selection = dynamic_cast<GUI2D_CurvesSelectionPanel*>(getParent())) {
+        selection->showCurves();
     }
     if (GUI2D_DrawPanel* const panel = GUI2D_Source::drawPanel(*this)) {
         panel->redraw();

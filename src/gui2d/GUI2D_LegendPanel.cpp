@@ -61,6 +61,7 @@ void GUI2D_LegendPanel::show(unsigned char flag, bool isOn)
 void GUI2D_LegendPanel::showCurves(const GUI2D_Plotter& plotter)
 {
     if (mSelection != nullptr && mSelection->isOf(plotter.getCurves())) {
+        mSelection->showCurves();
         return;
     }
     if (mSelection != nullptr) {

@@ -50,6 +50,11 @@ public:
         return dynamic_cast<Component&>(*item().getComponent(flag));
     }
     QListWidget& list() const { return *mWindow->findChild<QListWidget*>(); }
+    /// Of the mark in front of a curve.
+    QString listColor(int row, QIcon::Mode mode = QIcon::Normal) const
+    {
+        return list().item(row)->icon().pixmap(8, 8, mode).toImage().pixelColor(4, 4).name();
+    }
     void select(int row) const
     {
         QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
@@ -151,6 +156,40 @@ TEST(GUI2D_LegendPanel, NumbersOfCurvesAreAsWideAsTheirCount)
     EXPECT_EQ(many.list().item(9)->text(), "Curve 10");
     EXPECT_EQ(many.selection().title(), "Curves");
     EXPECT_EQ(many.item().title(), "Curve");
+}
+
+TEST(GUI2D_CurvesSelectionPanel, TellsTheCurvesApartByColorAndToolTip)
+{
+    const Legends legends(3);
+    const COM_Scoped green(COM_Color::New(0, 128, 0));
+    legends.plot().curve(0).setColor(*green);
+    legends.plot().curve(1).resetColor();
+    legends.plot().curve(1).setName("other");
+    EXPECT_EQ(legends.listColor(0), "#ff0000");
+    legends.panel().updateValues();
+    EXPECT_EQ(legends.listColor(0), "#008000");
+    EXPECT_EQ(legends.listColor(1), "#000000");
+    EXPECT_EQ(legends.listColor(2), "#ff0000");
+    legends.select(0);
+    EXPECT_EQ(legends.listColor(0, QIcon::Selected), "#008000");
+    EXPECT_EQ(legends.list().item(0)->toolTip(), "name 0");
+    EXPECT_EQ(legends.list().item(1)->toolTip(), "other");
+    EXPECT_EQ(legends.list().item(2)->toolTip(), "name 2");
+}
+
+TEST(GUI2D_CurvesSelectionPanel, ShowsWhatTheEditorChanges)
+{
+    const Legends legends(2);
+    legends.select(1);
+    auto& name = legends.field<GUI_LineEdit>(Item::COMPO_NAME);
+    name.setValue("other");
+    legends.item().componentClicked(name);
+    auto& color = legends.field<GUI_ColorButton>(Item::COMPO_COLOR);
+    color.setValue("#102030");
+    legends.item().componentClicked(color);
+    EXPECT_EQ(legends.list().item(1)->toolTip(), "other");
+    EXPECT_EQ(legends.listColor(1), "#102030");
+    EXPECT_EQ(legends.list().item(0)->toolTip(), "name 0");
 }
 
 TEST(GUI2D_LegendPanel, CurvesCanBeNeitherAddedNorDeleted)
