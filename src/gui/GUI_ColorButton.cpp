@@ -5,6 +5,9 @@
 
 #include <QColorDialog>
 #include <QPalette>
+#include <QStyleOptionButton>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
 
 GUI_ColorButton::GUI_ColorButton(GUI_ParentPanel* panel, const unsigned char& flag)
     : GUI_Button(panel, flag)
@@ -46,6 +49,22 @@ void GUI_ColorButton::toDo()
     const COM_Guard guard(*this);
     setColor(QColorDialog::getColor(mColor, this, QString(), QColorDialog::DontUseNativeDialog));
     GUI_Button::toDo();
+}
+
+void GUI_ColorButton::paintEvent(QPaintEvent* /*event*/)
+{
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    painter.drawControl(QStyle::CE_PushButtonBevel, option);
+    painter.fillRect(style()->subElementRect(QStyle::SE_PushButtonContents, &option, this), mColor);
+    painter.drawControl(QStyle::CE_PushButtonLabel, option);
+    if (hasFocus()) {
+        QStyleOptionFocusRect focus;
+        focus.initFrom(this);
+        focus.rect = style()->subElementRect(QStyle::SE_PushButtonFocusRect, &option, this);
+        painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+    }
 }
 
 void GUI_ColorButton::setColor(const QColor& color)

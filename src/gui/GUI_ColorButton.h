@@ -30,6 +30,9 @@ protected:
                     const unsigned char& flag = 0);
     ~GUI_ColorButton() override = default;
 
+    /// With the very colour inside: styles paint backgrounds in a paler one.
+    void paintEvent(QPaintEvent* event) override;
+
 private:
     void setColor(const QColor& color);
 
