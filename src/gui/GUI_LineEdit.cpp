@@ -25,6 +25,7 @@ void GUI_LineEdit::setValue(const std::string& value)
     const QString text = toQString(value);
     if (text != QLineEdit::text()) {
         setText(text);
+        setCursorPosition(0);
     }
 }
 

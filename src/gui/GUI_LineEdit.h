@@ -15,7 +15,8 @@ public:
     /// The first content of the field, which also becomes its tool tip.
     void setLabel(const std::string& label);
 
-    /// The present text is not set again: it keeps its cursor, its selection and what can be undone.
+    /// Shows the beginning of a text that is too long for the field. The present text is not set again: it
+    /// keeps its cursor, its selection and what can be undone.
     void setValue(const std::string& value) override;
     std::string getValue() const override;
 

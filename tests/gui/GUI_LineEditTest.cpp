@@ -149,6 +149,23 @@ TEST(GUI_LineEdit, KeepsCursorSelectionAndUndoWhenItsTextIsSetAgain)
     EXPECT_FALSE(edit.hasSelectedText());
 }
 
+TEST(GUI_LineEdit, ShowsTheBeginningOfALongText)
+{
+    const TestForm form;
+    auto& edit = form.add<GUI_LineEdit>();
+    form.show();
+    edit.resize(60, edit.height());
+    const std::string begin(50, 'A');
+
+    edit.setValue(begin + std::string(50, 'Z'));
+
+    const QImage shown = edit.grab().toImage();
+    edit.setValue(begin + std::string(50, 'I'));
+    EXPECT_EQ(edit.grab().toImage(), shown);
+    edit.setValue(std::string(100, 'Z'));
+    EXPECT_NE(edit.grab().toImage(), shown);
+}
+
 TEST(GUI_LineEdit, ShowsItsLabelAsFirstContent)
 {
     const COM_Scoped panel(TestPanel::New());
