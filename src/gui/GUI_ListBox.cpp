@@ -61,3 +61,15 @@ std::string GUI_ListBox::getValue() const
 {
     return COM_Integer::toString(currentRow());
 }
+
+QSize GUI_ListBox::sizeHint() const
+{
+    constexpr int characters = 24;
+    return {characters * fontMetrics().averageCharWidth(), QListWidget::sizeHint().height()};
+}
+
+QSize GUI_ListBox::minimumSizeHint() const
+{
+    constexpr int characters = 16;
+    return {characters * fontMetrics().averageCharWidth(), QListWidget::minimumSizeHint().height()};
+}

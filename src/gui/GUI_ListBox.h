@@ -29,6 +29,10 @@ public:
     /// The index of the current item.
     std::string getValue() const override;
 
+    /// The form beside a list needs the room of its window more: a list is as wide as a short text.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 public slots:
     void toDo() override { GUI_Widget::toDo(); }
 

@@ -31,6 +31,7 @@ void GUI_SelectionPanel::initComponents(bool showAdd, bool showDelete)
     layout->addPanel(*listPanel);
     if (const COM_Scoped itemPanel(NewItemPanel()); itemPanel) {
         layout->addPanel(*itemPanel);
+        layout->setStretch(1, 1);
     }
 }
 

@@ -81,9 +81,10 @@ unsigned long GUI2D_PlotterWindow::getPlotsNumber() const
 
 void GUI2D_PlotterWindow::save() const
 {
+    mIsSaved = false;
     if (const GUI2D_Plotter* const plotter = getPlotter()) {
         const COM_Scoped factory(GUI2D_ClassFactory::New());
-        factory->save(getSavingPath() + getSavingFile(), *plotter);
+        mIsSaved = factory->save(getSavingPath() + getSavingFile(), *plotter);
     }
 }
 

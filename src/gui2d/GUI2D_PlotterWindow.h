@@ -34,6 +34,8 @@ public:
     void load() override;
     /// Whether the last `load` found a plotter; otherwise the present one was left as it was.
     bool isLoaded() const { return mIsLoaded; }
+    /// Whether the last `save` wrote its file; otherwise the file is as it was.
+    bool isSaved() const { return mIsSaved; }
 
 protected:
     GUI2D_PlotterWindow(GUI_ParentWindow& parent, const std::string& name,
@@ -45,4 +47,5 @@ private:
     void updateMenus() const;
 
     bool mIsLoaded = false;
+    mutable bool mIsSaved = false;
 };

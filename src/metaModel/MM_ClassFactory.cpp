@@ -26,7 +26,7 @@ MM_Object* MM_ClassFactory::NewInstance(const std::string& name,
     return nullptr;
 }
 
-void MM_ClassFactory::save(const std::string& fileName, const MM_Object& object)
+bool MM_ClassFactory::save(const std::string& fileName, const MM_Object& object)
 {
     resetMetaClasses();
     resetInstanciatedClasses();
@@ -37,14 +37,12 @@ void MM_ClassFactory::save(const std::string& fileName, const MM_Object& object)
         setRootMetaClass(*root);
         object.saveToMetaClass(*root);
     }
-    MM_Parser::generateXMLMetaModelFile(fileName, *this);
+    return MM_Parser::generateXMLMetaModelFile(fileName, *this) == 0;
 }
 
-void MM_ClassFactory::save(const std::string& fileName, const MM_Object* object)
+bool MM_ClassFactory::save(const std::string& fileName, const MM_Object* object)
 {
-    if (object != nullptr) {
-        save(fileName, *object);
-    }
+    return object != nullptr && save(fileName, *object);
 }
 
 MM_Object* MM_ClassFactory::load(const std::string& fileName)

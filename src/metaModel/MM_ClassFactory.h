@@ -18,9 +18,9 @@ public:
                            const COM_Array<MM_Object>& newParameters) const override;
 
     /// Writes the graph reached from `object`. A file that cannot be written is announced on standard
-    /// output.
-    void save(const std::string& fileName, const MM_Object& object);
-    void save(const std::string& fileName, const MM_Object* object);
+    /// output, and gives false.
+    bool save(const std::string& fileName, const MM_Object& object);
+    bool save(const std::string& fileName, const MM_Object* object);
     /// The root object of the file with a reference that the caller releases, or null. The factory holds
     /// references on all objects made until it is released or used again.
     MM_Object* load(const std::string& fileName);

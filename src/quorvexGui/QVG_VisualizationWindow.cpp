@@ -2,6 +2,8 @@
 
 #include "common/COM_Scoped.h"
 #include "gui/GUI_RootWindow.h"
+#include "gui/GUI_Table.h"
+#include "gui/GUI_TableFit.h"
 #include "quorvexGui/QVG_VisualizationRootPanel.h"
 
 #include <QScreen>
@@ -18,7 +20,13 @@ void QVG_VisualizationWindow::initComponents()
     setName(translate("Visualization Window"));
     mTime = resultsTime();
     const COM_Scoped panel(QVG_VisualizationRootPanel::New(*this));
-    const QSize size = sizeHint().boundedTo(screen()->availableSize());
+    QSize size = sizeHint();
+    if (const auto* const marks = findChild<GUI_Table*>()) {
+        constexpr int levels = 4;
+        const QSize missing = GUI_TableFit::wholeSize(*marks, levels, levels) - marks->sizeHint();
+        size += missing.expandedTo({0, 0});
+    }
+    size = size.boundedTo(screen()->availableSize());
     setSize(size.width(), size.height());
 }
 

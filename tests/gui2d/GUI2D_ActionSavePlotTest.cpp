@@ -107,18 +107,27 @@ TEST(GUI2D_ActionSavePlot, AFileThatCannotBeWrittenIsTold)
     plot->setSavingPath(directory.slashed());
     plot->setSavingFile("own.xml");
     plot.addAndShow();
-    DialogAnswers answers;
-    answers.add<QFileDialog>([&](QFileDialog& dialog) {
-        // The directory goes while the dialog is open.
-        emit dialog.fileSelected(QString::fromStdString(directory.file("gone/plot.xml")));
-        static_cast<QDialog&>(dialog).done(QDialog::Accepted);
-    });
-    answers.add<QMessageBox>([](QMessageBox& box) {
-        EXPECT_EQ(box.windowTitle(), "Warning");
-        EXPECT_EQ(box.text(), "The file can not be written");
-    });
-    plot.trigger("Save Plot");
-    EXPECT_EQ(plot->getSavingFile(), "own.xml");
+    // The directory goes while the dialog is open; the disk is full.
+    for (const std::string& name : {directory.file("gone/plot.xml"), std::string("/dev/full")}) {
+        DialogAnswers answers;
+        answers.add<QFileDialog>([&](QFileDialog& dialog) {
+            emit dialog.fileSelected(QString::fromStdString(name));
+            static_cast<QDialog&>(dialog).done(QDialog::Accepted);
+        });
+        if (std::filesystem::exists(name)) {
+            answers.add<QMessageBox>([](QMessageBox& box) {
+                QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
+            });
+        }
+        answers.add<QMessageBox>([](QMessageBox& box) {
+            EXPECT_EQ(box.windowTitle(), "Warning");
+            EXPECT_EQ(box.text(), "The file can not be written");
+        });
+        plot.trigger("Save Plot");
+        EXPECT_FALSE(plot->isSaved());
+        EXPECT_EQ(plot->getSavingPath(), directory.slashed());
+        EXPECT_EQ(plot->getSavingFile(), "own.xml");
+    }
 }
 
 TEST(GUI2D_ActionSavePlot, CancelChangesNothing)

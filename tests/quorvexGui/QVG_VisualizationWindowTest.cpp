@@ -26,6 +26,7 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTest>
 
@@ -84,15 +85,7 @@ public:
     template <typename Window>
     std::vector<Window*> windows() const
     {
-        const COM_Scoped children(COM_Array<GUI_ChildWindow>::New());
-        mMain->getChildren(*children);
-        std::vector<Window*> found;
-        for (unsigned long i = 0; i < children->size(); ++i) {
-            if (auto* const window = dynamic_cast<Window*>(children->get(i))) {
-                found.push_back(window);
-            }
-        }
-        return found;
+        return childrenOf<Window>(*mMain);
     }
     QVG_VisualizationWindow& window() const { return *windows<QVG_VisualizationWindow>().at(0); }
     Root& root() const { return dynamic_cast<Root&>(*window().getPanel()); }
@@ -751,6 +744,19 @@ TEST(QVG_VisualizationRootPanel, PlotsTheResultsOfARun)
 }
 
 // ---------------------------------------------------------------- how it looks
+
+TEST(QVG_VisualizationWindow, OpensWithAllMarksInView)
+{
+    const TestResults results(captor(7, 4));
+    results.open();
+    const GUI_Table& table = *results.marks().getTable();
+    ASSERT_EQ(table.columnCount(), 4);
+    EXPECT_FALSE(table.horizontalScrollBar()->isVisible());
+    EXPECT_FALSE(table.verticalScrollBar()->isVisible());
+    // A captor's name is whole in the narrowest window, too.
+    EXPECT_GT(results.list().minimumSizeHint().width(),
+              results.list().fontMetrics().horizontalAdvance("Captor 00"));
+}
 
 TEST(QVG_VisualizationWindow, TabGoesDownTheForm)
 {
