@@ -27,10 +27,8 @@ GUI_ListPanel::GUI_ListPanel(GUI_ParentPanel& parent, bool showAdd, bool showDel
 void GUI_ListPanel::initComponents()
 {
     setLabel(translate("Items List"));
-    const COM_Scoped layout(GUI_RootVBoxLayout::New(*this));
-    constexpr int margin = GUI_ParentLayout::MARGIN;
-    layout->setContentsMargins(margin, margin, margin, margin);
-    layout->setSpacing(GUI_ParentLayout::SPACING);
+    const COM_Scoped layout(
+        GUI_RootVBoxLayout::New(*this, GUI_ParentLayout::MARGIN, GUI_ParentLayout::SPACING));
     const COM_Scoped listBox(GUI_ListBox::New(this, COMPO_LIST));
     layout->addToComponents(*listBox);
     const COM_Scoped buttons(GUI_HBoxLayout::New());

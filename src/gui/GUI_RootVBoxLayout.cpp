@@ -6,7 +6,12 @@ GUI_RootVBoxLayout::GUI_RootVBoxLayout()
 }
 
 GUI_RootVBoxLayout::GUI_RootVBoxLayout(GUI_ParentPanel& panel)
+    : GUI_RootVBoxLayout(panel, 0, -1)
+{}
+
+GUI_RootVBoxLayout::GUI_RootVBoxLayout(GUI_ParentPanel& panel, int margin, int spacing)
     : GUI_RootVBoxLayout()
 {
-    install(panel, 0);
+    install(panel, margin);
+    setSpacing(spacing);
 }

@@ -12,5 +12,7 @@ protected:
     GUI_RootVBoxLayout();
     /// Installed on the panel without margin.
     explicit GUI_RootVBoxLayout(GUI_ParentPanel& panel);
+    /// Installed on the panel; margin and spacing in pixels, a spacing of -1 being the style's.
+    GUI_RootVBoxLayout(GUI_ParentPanel& panel, int margin, int spacing);
     ~GUI_RootVBoxLayout() override = default;
 };

@@ -18,9 +18,8 @@
 
 namespace {
 
-constexpr unsigned char noField = 255; ///< Flag of the labels.
-constexpr int margin = 11;
-constexpr int spacing = 6;
+constexpr int margin = GUI_ParentLayout::MARGIN;
+constexpr int spacing = GUI_ParentLayout::SPACING;
 constexpr int nameWidth = 24; ///< In characters.
 
 std::string colorOf(const GUI2D_Curve& curve)
@@ -53,7 +52,7 @@ void GUI2D_CurveItemPanel::initComponents()
     const COM_Scoped layout(GUI_RootGridLayout::New(*this, 4, 2, margin, spacing));
     layout->setRowStretch(3, 1);
     const auto addLabel = [this, &layout](int row, const std::string& text, QWidget& buddy) {
-        const COM_Scoped label(GUI_Label::New(*this, noField));
+        const COM_Scoped label(GUI_Label::New(*this, GUI_Label::NO_FIELD));
         label->setLabel(text);
         label->setBuddy(&buddy);
         layout->addToComponents(*label, row, 0);

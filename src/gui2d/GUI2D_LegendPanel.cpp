@@ -12,20 +12,12 @@
 #include "gui2d/GUI2D_Plotter.h"
 #include "gui2d/GUI2D_Source.h"
 
-namespace {
-
-constexpr int margin = 11;
-constexpr int spacing = 6;
-
-} // namespace
-
 GUI2D_LegendPanel::GUI2D_LegendPanel(GUI_ParentWindow& window)
     : GUI_RootPanel(window)
 {
     COM_TYPE(GUI2D_LegendPanel);
-    const COM_Scoped layout(GUI_RootVBoxLayout::New(*this));
-    layout->setContentsMargins(margin, margin, margin, margin);
-    layout->setSpacing(spacing);
+    const COM_Scoped layout(
+        GUI_RootVBoxLayout::New(*this, GUI_ParentLayout::MARGIN, GUI_ParentLayout::SPACING));
     addSwitch(COMPO_VISIBLE_IN_SUBTITLES, translate("Visible in sub titles"));
     addSwitch(COMPO_VISIBLE_IN_LEGEND, translate("Visible in legend"));
     GUI2D_LegendPanel::updateValues();

@@ -19,9 +19,8 @@
 
 namespace {
 
-constexpr unsigned char noField = 255; ///< Flag of the labels.
-constexpr int margin = 11;
-constexpr int spacing = 6;
+constexpr int margin = GUI_ParentLayout::MARGIN;
+constexpr int spacing = GUI_ParentLayout::SPACING;
 constexpr int maxPan = 1000;  ///< Pixels.
 constexpr int textWidth = 32; ///< Of a field, in characters.
 
@@ -76,7 +75,7 @@ void GUI2D_OptionsPanel::initComponents()
     int number = 0;
     for (const Row& row : rows) {
         const COM_Scoped field(newField(row));
-        const COM_Scoped label(GUI_Label::New(*this, noField));
+        const COM_Scoped label(GUI_Label::New(*this, GUI_Label::NO_FIELD));
         field->setFlagId(row.mFlag);
         field->qtWidget()->setToolTip(toQString(translate(row.mLabel)));
         label->setLabel(translate(row.mLabel));

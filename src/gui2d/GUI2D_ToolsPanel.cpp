@@ -23,9 +23,8 @@
 
 namespace {
 
-constexpr unsigned char noField = 255; ///< Flag of the labels that never change.
-constexpr int margin = 11;
-constexpr int spacing = 6;
+constexpr int margin = GUI_ParentLayout::MARGIN;
+constexpr int spacing = GUI_ParentLayout::SPACING;
 constexpr int buttonsRow = 7;
 
 std::string textOf(double value)
@@ -56,7 +55,7 @@ void GUI2D_ToolsPanel::initComponents()
     layout->setColumnStretch(1, 1);
     layout->setRowStretch(buttonsRow + 1, 1);
     const auto addLabel = [this, &layout](int row, const std::string& text, QWidget& buddy) {
-        const COM_Scoped label(GUI_Label::New(*this, noField));
+        const COM_Scoped label(GUI_Label::New(*this, GUI_Label::NO_FIELD));
         label->setLabel(text);
         label->setBuddy(&buddy);
         layout->addToComponents(*label, row, 0);

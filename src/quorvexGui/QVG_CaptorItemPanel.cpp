@@ -17,10 +17,9 @@
 
 namespace {
 
-constexpr int margin = 11;
-constexpr int spacing = 6;
+constexpr int margin = GUI_ParentLayout::MARGIN;
+constexpr int spacing = GUI_ParentLayout::SPACING;
 constexpr int maxSystem = 10;
-constexpr unsigned char noField = 255; ///< Flag of the labels.
 
 } // namespace
 
@@ -54,7 +53,7 @@ void QVG_CaptorItemPanel::initComponents()
 void QVG_CaptorItemPanel::addField(GUI_GridLayout& grid, int row, const std::string& text,
                                    unsigned char flag)
 {
-    const COM_Scoped label(GUI_Label::New(*this, noField));
+    const COM_Scoped label(GUI_Label::New(*this, GUI_Label::NO_FIELD));
     label->setLabel(text);
     grid.addToComponents(*label, row, 0);
     const COM_Scoped field(GUI_LineEdit::New(*this, flag));
@@ -76,7 +75,7 @@ void QVG_CaptorItemPanel::addSwitch(GUI_GridLayout& grid, int row, const std::st
 
 void QVG_CaptorItemPanel::addSystem(GUI_GridLayout& grid, int row)
 {
-    const COM_Scoped label(GUI_Label::New(*this, noField));
+    const COM_Scoped label(GUI_Label::New(*this, GUI_Label::NO_FIELD));
     label->setLabel(translate("Show Density of Bloch Equation"));
     grid.addToComponents(*label, row, 0);
     const COM_Scoped box(GUI_SpinBox::New(*this, COMPO_BLOCH_NUMBER));

@@ -28,10 +28,9 @@
 
 namespace {
 
-constexpr int margin = 11;
-constexpr int spacing = 6;
+constexpr int margin = GUI_ParentLayout::MARGIN;
+constexpr int spacing = GUI_ParentLayout::SPACING;
 constexpr int maxLevels = 100;
-constexpr unsigned char noField = 255; ///< Flag of the labels.
 
 } // namespace
 
@@ -46,9 +45,7 @@ QVG_FrequenciesRootPanel::QVG_FrequenciesRootPanel(GUI_ParentWindow& window,
 
 void QVG_FrequenciesRootPanel::initComponents(const COM_Array<QV_Bloch>& blochs)
 {
-    const COM_Scoped layout(GUI_RootVBoxLayout::New(*this));
-    layout->setContentsMargins(margin, margin, margin, margin);
-    layout->setSpacing(spacing);
+    const COM_Scoped layout(GUI_RootVBoxLayout::New(*this, margin, spacing));
     // Tab goes from field to field in the order in which they are made.
     addLevelsNumber();
     const COM_Scoped selection(QVG_BlochSelectionPanel::New(*this));
@@ -62,7 +59,7 @@ void QVG_FrequenciesRootPanel::addLevelsNumber()
 {
     const COM_Scoped row(GUI_HBoxLayout::New());
     getMainLayout()->addToChildren(*row);
-    const COM_Scoped label(GUI_Label::New(*this, noField));
+    const COM_Scoped label(GUI_Label::New(*this, GUI_Label::NO_FIELD));
     label->setLabel(translate("Energy Levels Number"));
     row->addToComponents(*label);
     const COM_Scoped box(GUI_SpinBox::New(*this, COMPO_SB_ELN));
@@ -100,7 +97,7 @@ void QVG_FrequenciesRootPanel::addGeneration()
 void QVG_FrequenciesRootPanel::addField(GUI_GridLayout& grid, int row, const std::string& text,
                                         GUI_ActionComponent& field)
 {
-    const COM_Scoped label(GUI_Label::New(*mGeneration, noField));
+    const COM_Scoped label(GUI_Label::New(*mGeneration, GUI_Label::NO_FIELD));
     label->setLabel(text);
     label->setBuddy(field.qtWidget());
     grid.addToComponents(*label, row, 0);

@@ -19,9 +19,6 @@
 
 namespace {
 
-constexpr int margin = 11;
-constexpr int spacing = 6;
-
 /// `text` with zeros in front, up to `size` digits.
 std::string padded(const std::string& text, std::size_t size)
 {
@@ -39,9 +36,8 @@ QVG_VisualizationRootPanel::QVG_VisualizationRootPanel(GUI_ParentWindow& window)
 
 void QVG_VisualizationRootPanel::initComponents()
 {
-    const COM_Scoped layout(GUI_RootVBoxLayout::New(*this));
-    layout->setContentsMargins(margin, margin, margin, margin);
-    layout->setSpacing(spacing);
+    const COM_Scoped layout(
+        GUI_RootVBoxLayout::New(*this, GUI_ParentLayout::MARGIN, GUI_ParentLayout::SPACING));
     const COM_Scoped captors(createCaptorsPanel());
     layout->addPanel(*captors);
     const COM_Scoped normalization(GUI_RadioButton::New(*this, COMPO_E_NORMALIZATION));
