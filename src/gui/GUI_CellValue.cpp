@@ -5,7 +5,7 @@
 
 std::string GUI_CellValue::toString(double value)
 {
-    return COM_Real::toString(value, 8, 6);
+    return COM_Real::toString(value);
 }
 
 std::string GUI_CellValue::toString(const std::complex<double>& value)

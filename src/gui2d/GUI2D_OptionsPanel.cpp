@@ -24,11 +24,6 @@ constexpr int spacing = GUI_ParentLayout::SPACING;
 constexpr int maxPan = 1000;  ///< Pixels.
 constexpr int textWidth = 32; ///< Of a field, in characters.
 
-std::string textOf(double value)
-{
-    return COM_Real::toString(value, 8, 6);
-}
-
 } // namespace
 
 GUI2D_OptionsPanel::GUI2D_OptionsPanel(GUI_ParentWindow& window)
@@ -117,7 +112,7 @@ void GUI2D_OptionsPanel::updateValues()
     show(COMPO_SB_PANX, panel->getPanX());
     show(COMPO_SB_PANY, panel->getPanY());
     show(COMPO_SB_DIGIT, panel->getNbCharsAfterComa());
-    show(COMPO_LE_ZOOM, textOf(panel->getZoomFactor()));
+    show(COMPO_LE_ZOOM, COM_Real::toString(panel->getZoomFactor()));
     show(COMPO_LE_TITLE, panel->getTitle());
     show(COMPO_LE_XLABEL, panel->getXLabel());
     show(COMPO_LE_YLABEL, panel->getYLabel());
@@ -228,7 +223,8 @@ void GUI2D_OptionsPanel::setZoomFactor(const std::string& text, GUI2D_DrawPanel&
 {
     // The text that shows the present factor has fewer digits than the factor.
     const double factor = COM_Real::parseReal(text);
-    if (text != textOf(panel.getZoomFactor()) && factor >= 1.0 && std::isfinite(factor)) {
+    if (text != COM_Real::toString(panel.getZoomFactor()) && factor >= 1.0
+        && std::isfinite(factor)) {
         panel.setZoomFactor(factor);
     }
 }

@@ -27,11 +27,6 @@ constexpr int margin = GUI_ParentLayout::MARGIN;
 constexpr int spacing = GUI_ParentLayout::SPACING;
 constexpr int buttonsRow = 7;
 
-std::string textOf(double value)
-{
-    return COM_Real::toString(value, 8, 6);
-}
-
 } // namespace
 
 GUI2D_ToolsPanel::GUI2D_ToolsPanel(GUI_ParentWindow& window)
@@ -44,8 +39,8 @@ GUI2D_ToolsPanel::GUI2D_ToolsPanel(GUI_ParentWindow& window)
         mPeriodY = std::abs(plotter->getMeanDeltaY());
     }
     mP = getMaxPower();
-    show(COMPO_FFTX_PERIOD, textOf(mPeriodX));
-    show(COMPO_FFTY_PERIOD, textOf(mPeriodY));
+    show(COMPO_FFTX_PERIOD, COM_Real::toString(mPeriodX));
+    show(COMPO_FFTY_PERIOD, COM_Real::toString(mPeriodY));
     GUI2D_ToolsPanel::updateValues();
 }
 
@@ -189,7 +184,7 @@ void GUI2D_ToolsPanel::edit(GUI_ActionComponent& component, double& period)
 {
     const std::string text = component.getValue();
     // The text that shows the present period has fewer digits than the period.
-    if (text == textOf(period)) {
+    if (text == COM_Real::toString(period)) {
         return;
     }
     std::size_t length = 0;
@@ -198,7 +193,7 @@ void GUI2D_ToolsPanel::edit(GUI_ActionComponent& component, double& period)
         period = 1.0;
         component.setValue("1.0");
     } else if (length == 0) {
-        component.setValue(textOf(period));
+        component.setValue(COM_Real::toString(period));
     }
 }
 

@@ -26,7 +26,7 @@ std::string LA_RealMatrix::toString() const
     std::string text;
     for (unsigned long i = 0; i < getLinesNumber(); ++i) {
         for (unsigned long j = 0; j < getColumnsNumber(); ++j) {
-            text += COM_Real::toString(getLine(i)[j], 8, 6) + "\t";
+            text += COM_Real::toString(getLine(i)[j]) + "\t";
         }
         text += "\n";
     }

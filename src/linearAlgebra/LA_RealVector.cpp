@@ -91,7 +91,7 @@ std::string LA_RealVector::toString() const
 {
     std::string text = "(";
     for (unsigned long i = 0; i < getDimension(); ++i) {
-        text += (i > 0 ? "," : "") + COM_Real::toString((*this)[i], 8, 6);
+        text += (i > 0 ? "," : "") + COM_Real::toString((*this)[i]);
     }
     return text + ")";
 }

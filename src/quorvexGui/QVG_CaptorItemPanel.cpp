@@ -115,7 +115,7 @@ void QVG_CaptorItemPanel::updateValues()
     const GUI_Display display(*this);
     show(COMPO_POSITION, captor->getPosition().toString());
     show(COMPO_RELATIVE_POSITION,
-         COM_Real::toString(static_cast<float>(captor->getRelativePosition()) * 100, 8, 6));
+         COM_Real::toString(static_cast<float>(captor->getRelativePosition()) * 100));
     show(COMPO_LOCATION, COM_Integer::toString(static_cast<long>(captor->getLocation())));
 
     const bool hasEx = captor->getEDimension() > 0;

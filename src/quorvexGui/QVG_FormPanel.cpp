@@ -32,11 +32,6 @@ constexpr int spacing = GUI_ParentLayout::SPACING;
 constexpr int rowSpacing = 3; // so that all forms of a page fit on a screen of 768 lines
 constexpr const char* longestNumber = "-1.234567e-100";
 
-std::string textOf(double value)
-{
-    return COM_Real::toString(value, 8, 6);
-}
-
 } // namespace
 
 QVG_FormPanel::QVG_FormPanel(GUI_ParentPanel& parent)
@@ -232,7 +227,7 @@ void QVG_FormPanel::show(unsigned char flag, const std::string& value)
 
 void QVG_FormPanel::show(unsigned char flag, double value)
 {
-    show(flag, textOf(value));
+    show(flag, COM_Real::toString(value));
 }
 
 void QVG_FormPanel::show(unsigned char flag, long value)
@@ -250,7 +245,8 @@ void QVG_FormPanel::enable(unsigned char flag, bool isEnabled)
 std::optional<double> QVG_FormPanel::typed(const GUI_ActionComponent& component, double stored)
 {
     const std::string text = component.getValue();
-    return text == textOf(stored) ? std::nullopt : std::optional(COM_Real::parseReal(text));
+    return text == COM_Real::toString(stored) ? std::nullopt
+                                              : std::optional(COM_Real::parseReal(text));
 }
 
 std::optional<long> QVG_FormPanel::typed(const GUI_ActionComponent& component, long stored)

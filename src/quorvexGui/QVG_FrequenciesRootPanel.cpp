@@ -135,9 +135,8 @@ void QVG_FrequenciesRootPanel::updateValues()
     show(dynamic_cast<GUI_ActionComponent&>(*getMainLayout()->getComponent(COMPO_SB_ELN)),
          COM_Integer::toString(static_cast<long>(QV_Bloch::getLevelsNumber())));
     show(*find(COMPO_CB_STAT), COM_Integer::toString(problem->getFrequenciesDistributionMethod()));
-    show(*find(COMPO_LE_MEAN), COM_Real::toString(problem->getFrequenciesDistributionMean(), 8, 6));
-    show(*find(COMPO_LE_TYPE),
-         COM_Real::toString(problem->getFrequenciesDistributionDelta(), 8, 6));
+    show(*find(COMPO_LE_MEAN), COM_Real::toString(problem->getFrequenciesDistributionMean()));
+    show(*find(COMPO_LE_TYPE), COM_Real::toString(problem->getFrequenciesDistributionDelta()));
     const bool hasSpread = problem->getBlochEquations()->size() >= 2;
     for (const unsigned char flag :
          {COMPO_CB_STAT, COMPO_LE_MEAN, COMPO_LE_TYPE, COMPO_PB_GENERATE}) {

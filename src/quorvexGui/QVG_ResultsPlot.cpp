@@ -173,7 +173,7 @@ void QVG_ResultsPlot::normalize()
     }
     GUI2D_Plotter& plotter = *mWindow.getPlotter();
     plotter.setTitle(plotter.getTitle() + " (" + GUI_Object::translate("E Normalized by") + " "
-                     + COM_Real::toString(mMaxField, 8, 6) + ")");
+                     + COM_Real::toString(mMaxField) + ")");
 }
 
 void QVG_ResultsPlot::finish()
