@@ -144,13 +144,6 @@ void GUI_ListPanel::sort()
     }
 }
 
-void GUI_ListPanel::setButtonEnabled(unsigned char flag, bool isEnabled)
-{
-    if (auto* const button = dynamic_cast<GUI_ActionComponent*>(getComponent(flag))) {
-        button->setEnabled(isEnabled);
-    }
-}
-
 GUI_ListBox* GUI_ListPanel::getListBox() const
 {
     return dynamic_cast<GUI_ListBox*>(getComponent(COMPO_LIST));

@@ -32,8 +32,8 @@ public:
     /// By name, ascending.
     void sort();
     void setEndAdding(bool flag) { mEndAdding = flag; }
-    void setDeleteButtonEnabled(bool flag) { setButtonEnabled(COMPO_DELETE, flag); }
-    void setAddButtonEnabled(bool flag) { setButtonEnabled(COMPO_ADD, flag); }
+    void setDeleteButtonEnabled(bool flag) { enable(COMPO_DELETE, flag); }
+    void setAddButtonEnabled(bool flag) { enable(COMPO_ADD, flag); }
 
 protected:
     GUI_ListPanel(GUI_ParentPanel* parent, bool showAdd, bool showDelete);
@@ -45,7 +45,6 @@ private:
     void addItem(GUI_SelectionPanel& parent);
     void deleteItem(GUI_SelectionPanel& parent);
     void removeFromList(int index);
-    void setButtonEnabled(unsigned char flag, bool isEnabled);
     /// Null while the panel has no layout.
     GUI_ListBox* getListBox() const;
 

@@ -2,8 +2,8 @@
 
 #include "common/COM_Guard.h"
 #include "common/COM_Scoped.h"
+#include "gui/GUI_ActionComponent.h"
 #include "gui/GUI_ChildPanel.h"
-#include "gui/GUI_Component.h"
 #include "gui/GUI_RootLayout.h"
 
 #include <QWidget>
@@ -137,6 +137,21 @@ GUI_Component* GUI_ParentPanel::getComponent(unsigned char flag) const
         component = mChildren->get(i)->getComponent(flag);
     }
     return component;
+}
+
+void GUI_ParentPanel::showValue(unsigned char flag, const std::string& value) const
+{
+    auto* const component = dynamic_cast<GUI_ActionComponent*>(getComponent(flag));
+    if (component != nullptr && component->getValue() != value) {
+        component->setValue(value);
+    }
+}
+
+void GUI_ParentPanel::enable(unsigned char flag, bool isEnabled) const
+{
+    if (auto* const component = dynamic_cast<GUI_ActionComponent*>(getComponent(flag))) {
+        component->setEnabled(isEnabled);
+    }
 }
 
 QWidget* GUI_ParentPanel::qtWidget()

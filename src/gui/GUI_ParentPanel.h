@@ -2,6 +2,8 @@
 #include "common/COM_Array.h"
 #include "gui/GUI_Object.h"
 
+#include <string>
+
 class GUI_ActionComponent;
 class GUI_ChildPanel;
 class GUI_Component;
@@ -49,6 +51,11 @@ public:
 
     /// The component of that flag: the main layout's, else the first that a child panel has, else null.
     GUI_Component* getComponent(unsigned char flag) const;
+    /// Shows the value in the component of that flag, unless it has that value: set to its own number, a
+    /// spin box would drop what is being typed into it. Nothing without such a component.
+    void showValue(unsigned char flag, const std::string& value) const;
+    /// Nothing without such a component.
+    void enable(unsigned char flag, bool isEnabled) const;
 
     /// True while a `GUI_Display` of this panel lives.
     bool isDisplaying() const { return mDisplays > 0; }

@@ -99,15 +99,10 @@ void GUI_PreferencesRootPanel::initComponents()
 void GUI_PreferencesRootPanel::updateValues()
 {
     const GUI_Display display(*this);
-    const auto show = [this](unsigned char flag, const std::string& value) {
-        if (auto* const component = dynamic_cast<GUI_ActionComponent*>(getComponent(flag))) {
-            component->setValue(value);
-        }
-    };
     for (const Row& row : ROWS) {
-        show(row.mField, getStored(row.mField));
+        showValue(row.mField, getStored(row.mField));
     }
-    show(COMPO_LANG_BUT, COM_Integer::toString(getLang()));
+    showValue(COMPO_LANG_BUT, COM_Integer::toString(getLang()));
     GUI_RootPanel::updateValues();
 }
 

@@ -76,18 +76,11 @@ void GUI2D_CurveItemPanel::updateValues()
 {
     const GUI_Display display(*this);
     if (const auto* const curve = dynamic_cast<const GUI2D_Curve*>(getItem())) {
-        show(COMPO_NAME, curve->getName());
-        show(COMPO_COLOR, colorOf(*curve));
-        show(COMPO_VISIBLE, curve->isShown() ? "1" : "0");
+        showValue(COMPO_NAME, curve->getName());
+        showValue(COMPO_COLOR, colorOf(*curve));
+        showValue(COMPO_VISIBLE, curve->isShown() ? "1" : "0");
     }
     GUI_ItemPanel::updateValues();
-}
-
-void GUI2D_CurveItemPanel::show(unsigned char flag, const std::string& value)
-{
-    if (auto* const component = dynamic_cast<GUI_ActionComponent*>(getComponent(flag))) {
-        component->setValue(value);
-    }
 }
 
 void GUI2D_CurveItemPanel::componentClicked(GUI_ActionComponent& component)

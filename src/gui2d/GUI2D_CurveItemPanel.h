@@ -1,8 +1,6 @@
 #pragma once
 #include "gui/GUI_ItemPanel.h"
 
-#include <string>
-
 /// The name, the colour and the visibility of a curve. Each change is in the curve at once, and the plotter
 /// is painted again.
 class GUI2D_CurveItemPanel : public GUI_ItemPanel
@@ -22,5 +20,4 @@ protected:
 
 private:
     void initComponents();
-    void show(unsigned char flag, const std::string& value);
 };

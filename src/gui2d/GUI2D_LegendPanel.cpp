@@ -37,17 +37,10 @@ void GUI2D_LegendPanel::updateValues()
         return;
     }
     const GUI_Display display(*this);
-    show(COMPO_VISIBLE_IN_SUBTITLES, plotter->isSubTitlesPrinted());
-    show(COMPO_VISIBLE_IN_LEGEND, plotter->isLegendsPrinted());
+    showValue(COMPO_VISIBLE_IN_SUBTITLES, plotter->isSubTitlesPrinted() ? "1" : "0");
+    showValue(COMPO_VISIBLE_IN_LEGEND, plotter->isLegendsPrinted() ? "1" : "0");
     showCurves(*plotter);
     GUI_RootPanel::updateValues();
-}
-
-void GUI2D_LegendPanel::show(unsigned char flag, bool isOn)
-{
-    if (auto* const box = dynamic_cast<GUI_ActionComponent*>(getComponent(flag))) {
-        box->setValue(isOn ? "1" : "0");
-    }
 }
 
 void GUI2D_LegendPanel::showCurves(const GUI2D_Plotter& plotter)

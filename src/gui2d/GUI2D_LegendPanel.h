@@ -27,7 +27,6 @@ protected:
 
 private:
     void addSwitch(unsigned char flag, const std::string& label);
-    void show(unsigned char flag, bool isOn);
     void showCurves(const GUI2D_Plotter& plotter);
 
     GUI2D_CurvesSelectionPanel* mSelection =

@@ -112,10 +112,10 @@ void GUI2D_OptionsPanel::updateValues()
     show(COMPO_SB_PANX, panel->getPanX());
     show(COMPO_SB_PANY, panel->getPanY());
     show(COMPO_SB_DIGIT, panel->getNbCharsAfterComa());
-    show(COMPO_LE_ZOOM, COM_Real::toString(panel->getZoomFactor()));
-    show(COMPO_LE_TITLE, panel->getTitle());
-    show(COMPO_LE_XLABEL, panel->getXLabel());
-    show(COMPO_LE_YLABEL, panel->getYLabel());
+    showValue(COMPO_LE_ZOOM, COM_Real::toString(panel->getZoomFactor()));
+    showValue(COMPO_LE_TITLE, panel->getTitle());
+    showValue(COMPO_LE_XLABEL, panel->getXLabel());
+    showValue(COMPO_LE_YLABEL, panel->getYLabel());
     show(COMPO_BUTTON_SCALE, panel->getScaleColor());
     show(COMPO_BUTTON_XLABEL, panel->getXLabelColor());
     show(COMPO_BUTTON_YLABEL, panel->getYLabelColor());
@@ -238,26 +238,17 @@ void GUI2D_OptionsPanel::printScale(bool flag, GUI2D_DrawPanel& panel)
     }
 }
 
-void GUI2D_OptionsPanel::show(unsigned char flag, const std::string& value)
-{
-    auto* const component = dynamic_cast<GUI_ActionComponent*>(getComponent(flag));
-    // Set to the number it has, a spin box would still drop what is being typed into it.
-    if (component != nullptr && component->getValue() != value) {
-        component->setValue(value);
-    }
-}
-
 void GUI2D_OptionsPanel::show(unsigned char flag, unsigned long value)
 {
-    show(flag, std::to_string(value));
+    showValue(flag, std::to_string(value));
 }
 
 void GUI2D_OptionsPanel::show(unsigned char flag, const QColor& value)
 {
-    show(flag, toTString(value.name()));
+    showValue(flag, toTString(value.name()));
 }
 
 void GUI2D_OptionsPanel::show(unsigned char flag, bool value)
 {
-    show(flag, std::string(value ? "1" : "0"));
+    showValue(flag, value ? "1" : "0");
 }

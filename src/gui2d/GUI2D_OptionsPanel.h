@@ -59,7 +59,6 @@ private:
     static void setZoomFactor(const std::string& text, GUI2D_DrawPanel& panel);
     static void printScale(bool flag, GUI2D_DrawPanel& panel);
 
-    void show(unsigned char flag, const std::string& value);
     void show(unsigned char flag, unsigned long value);
     void show(unsigned char flag, const QColor& value);
     void show(unsigned char flag, bool value);

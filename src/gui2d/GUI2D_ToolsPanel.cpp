@@ -39,8 +39,8 @@ GUI2D_ToolsPanel::GUI2D_ToolsPanel(GUI_ParentWindow& window)
         mPeriodY = std::abs(plotter->getMeanDeltaY());
     }
     mP = getMaxPower();
-    show(COMPO_FFTX_PERIOD, COM_Real::toString(mPeriodX));
-    show(COMPO_FFTY_PERIOD, COM_Real::toString(mPeriodY));
+    showValue(COMPO_FFTX_PERIOD, COM_Real::toString(mPeriodX));
+    showValue(COMPO_FFTY_PERIOD, COM_Real::toString(mPeriodY));
     GUI2D_ToolsPanel::updateValues();
 }
 
@@ -111,25 +111,16 @@ void GUI2D_ToolsPanel::updateValues()
     const GUI_Display display(*this);
     const unsigned long maxPower = getMaxPower();
     mP = std::min(mP, maxPower);
-    show(COMPO_LOGX, mIsLogX ? "1" : "0");
-    show(COMPO_LOGY, mIsLogY ? "1" : "0");
-    show(COMPO_FFTX, mIsFFTX ? "1" : "0");
-    show(COMPO_FFTY, mIsFFTY ? "1" : "0");
+    showValue(COMPO_LOGX, mIsLogX ? "1" : "0");
+    showValue(COMPO_LOGY, mIsLogY ? "1" : "0");
+    showValue(COMPO_FFTX, mIsFFTX ? "1" : "0");
+    showValue(COMPO_FFTY, mIsFFTY ? "1" : "0");
     if (auto* const power = dynamic_cast<GUI_SpinBox*>(getComponent(COMPO_FFT2P))) {
         power->setRange(0, static_cast<int>(maxPower));
     }
-    show(COMPO_FFT2P, std::to_string(mP));
+    showValue(COMPO_FFT2P, std::to_string(mP));
     showLabel();
     GUI_RootPanel::updateValues();
-}
-
-void GUI2D_ToolsPanel::show(unsigned char flag, const std::string& value)
-{
-    auto* const component = dynamic_cast<GUI_ActionComponent*>(getComponent(flag));
-    // Set to the number it has, a spin box would still drop what is being typed into it.
-    if (component != nullptr && component->getValue() != value) {
-        component->setValue(value);
-    }
 }
 
 void GUI2D_ToolsPanel::showLabel()

@@ -1,8 +1,6 @@
 #pragma once
 #include "gui/GUI_RootPanel.h"
 
-#include <string>
-
 /// The choice of logarithms and Fourier transforms for all curves of a plotter, which opens a new window for
 /// their result.
 class GUI2D_ToolsPanel : public GUI_RootPanel
@@ -35,7 +33,6 @@ private:
     /// The exponent of the largest power of two that is not above `getPointsNumber()`, or 0.
     unsigned long getMaxPower();
     void showLabel();
-    void show(unsigned char flag, const std::string& value);
     static void edit(GUI_ActionComponent& component, double& period);
     void visualize();
 

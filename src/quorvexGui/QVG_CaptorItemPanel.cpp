@@ -90,22 +90,6 @@ QVG_Captor* QVG_CaptorItemPanel::getCaptor() const
     return dynamic_cast<QVG_Captor*>(getItem());
 }
 
-void QVG_CaptorItemPanel::show(unsigned char flag, const std::string& value)
-{
-    auto* const component = dynamic_cast<GUI_ActionComponent*>(getMainLayout()->getComponent(flag));
-    if (component != nullptr && component->getValue() != value) {
-        component->setValue(value);
-    }
-}
-
-void QVG_CaptorItemPanel::enable(unsigned char flag, bool isEnabled)
-{
-    auto* const component = dynamic_cast<GUI_ActionComponent*>(getMainLayout()->getComponent(flag));
-    if (component != nullptr) {
-        component->setEnabled(isEnabled);
-    }
-}
-
 void QVG_CaptorItemPanel::updateValues()
 {
     QVG_Captor* const captor = getCaptor();
@@ -113,10 +97,10 @@ void QVG_CaptorItemPanel::updateValues()
         return;
     }
     const GUI_Display display(*this);
-    show(COMPO_POSITION, captor->getPosition().toString());
-    show(COMPO_RELATIVE_POSITION,
-         COM_Real::toString(static_cast<float>(captor->getRelativePosition()) * 100));
-    show(COMPO_LOCATION, COM_Integer::toString(static_cast<long>(captor->getLocation())));
+    showValue(COMPO_POSITION, captor->getPosition().toString());
+    showValue(COMPO_RELATIVE_POSITION,
+              COM_Real::toString(static_cast<float>(captor->getRelativePosition()) * 100));
+    showValue(COMPO_LOCATION, COM_Integer::toString(static_cast<long>(captor->getLocation())));
 
     const bool hasEx = captor->getEDimension() > 0;
     const bool hasEy = captor->getEDimension() > 1;
@@ -124,13 +108,14 @@ void QVG_CaptorItemPanel::updateValues()
     captor->setEy(captor->isEy() && hasEy);
     enable(COMPO_Ex, hasEx);
     enable(COMPO_Ey, hasEy);
-    show(COMPO_Ex, captor->isEx() ? "1" : "0");
-    show(COMPO_Ey, captor->isEy() ? "1" : "0");
+    showValue(COMPO_Ex, captor->isEx() ? "1" : "0");
+    showValue(COMPO_Ey, captor->isEy() ? "1" : "0");
 
     const bool hasDensity = captor->getBlochEquationsNumber() > 0;
     enable(COMPO_BLOCH_NUMBER, hasDensity);
     mMarks->setEnabled(hasDensity);
-    show(COMPO_BLOCH_NUMBER, COM_Integer::toString(static_cast<long>(captor->getLastIndex()) + 1));
+    showValue(COMPO_BLOCH_NUMBER,
+              COM_Integer::toString(static_cast<long>(captor->getLastIndex()) + 1));
     mMarks->setMatrix(captor->getShowRho(captor->getLastIndex()));
     GUI_ItemPanel::updateValues();
 }

@@ -35,8 +35,6 @@ private:
     void addSwitch(GUI_GridLayout& grid, int row, const std::string& text, unsigned char flag);
     void addSystem(GUI_GridLayout& grid, int row);
     QVG_Captor* getCaptor() const;
-    void show(unsigned char flag, const std::string& value);
-    void enable(unsigned char flag, bool isEnabled);
     void showSystem(QVG_Captor& captor, long index);
 
     GUI_MatrixPanel<unsigned long>* mMarks = nullptr; ///< Child 0, counted there.

@@ -216,30 +216,14 @@ void QVG_FormPanel::componentClicked(GUI_ActionComponent& component)
     updateValues();
 }
 
-void QVG_FormPanel::show(unsigned char flag, const std::string& value)
-{
-    auto* const component = dynamic_cast<GUI_ActionComponent*>(getComponent(flag));
-    // Set to the number it has, a spin box would still drop what is being typed into it.
-    if (component != nullptr && component->getValue() != value) {
-        component->setValue(value);
-    }
-}
-
 void QVG_FormPanel::show(unsigned char flag, double value)
 {
-    show(flag, COM_Real::toString(value));
+    showValue(flag, COM_Real::toString(value));
 }
 
 void QVG_FormPanel::show(unsigned char flag, long value)
 {
-    show(flag, COM_Integer::toString(value));
-}
-
-void QVG_FormPanel::enable(unsigned char flag, bool isEnabled)
-{
-    if (auto* const component = dynamic_cast<GUI_ActionComponent*>(getComponent(flag))) {
-        component->setEnabled(isEnabled);
-    }
+    showValue(flag, COM_Integer::toString(value));
 }
 
 std::optional<double> QVG_FormPanel::typed(const GUI_ActionComponent& component, double stored)

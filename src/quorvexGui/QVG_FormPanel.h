@@ -89,7 +89,6 @@ protected:
 
     void show(unsigned char flag, double value);
     void show(unsigned char flag, long value);
-    void enable(unsigned char flag, bool isEnabled);
 
     /// The window of the form, or null.
     GUI_ParentWindow* findWindow();
@@ -104,7 +103,6 @@ private:
     void addRow(GUI_GridLayout& grid, int number, const Row& row);
     GUI_ActionComponent* newField(const Row& row);
     Model findModel();
-    void show(unsigned char flag, const std::string& value);
 
     /// Of the rows; borrowed from the main layout, null before `build`.
     GUI_GridLayout* mGrid = nullptr;

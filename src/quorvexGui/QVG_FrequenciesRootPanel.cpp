@@ -114,11 +114,6 @@ QV_Problem* QVG_FrequenciesRootPanel::findProblem() const
     return mainWindow != nullptr ? mainWindow->getProblem() : nullptr;
 }
 
-GUI_ActionComponent* QVG_FrequenciesRootPanel::find(unsigned char flag) const
-{
-    return dynamic_cast<GUI_ActionComponent*>(mGeneration->getComponent(flag));
-}
-
 void QVG_FrequenciesRootPanel::updateValues()
 {
     const QV_Problem* const problem = findProblem();
@@ -126,21 +121,17 @@ void QVG_FrequenciesRootPanel::updateValues()
         return;
     }
     const GUI_Display display(*this);
-    const auto show = [](GUI_ActionComponent& component, const std::string& value) {
-        // Set to the number it has, a spin box would still drop what is being typed into it.
-        if (component.getValue() != value) {
-            component.setValue(value);
-        }
-    };
-    show(dynamic_cast<GUI_ActionComponent&>(*getMainLayout()->getComponent(COMPO_SB_ELN)),
-         COM_Integer::toString(static_cast<long>(QV_Bloch::getLevelsNumber())));
-    show(*find(COMPO_CB_STAT), COM_Integer::toString(problem->getFrequenciesDistributionMethod()));
-    show(*find(COMPO_LE_MEAN), COM_Real::toString(problem->getFrequenciesDistributionMean()));
-    show(*find(COMPO_LE_TYPE), COM_Real::toString(problem->getFrequenciesDistributionDelta()));
+    showValue(COMPO_SB_ELN, COM_Integer::toString(static_cast<long>(QV_Bloch::getLevelsNumber())));
+    mGeneration->showValue(COMPO_CB_STAT,
+                           COM_Integer::toString(problem->getFrequenciesDistributionMethod()));
+    mGeneration->showValue(COMPO_LE_MEAN,
+                           COM_Real::toString(problem->getFrequenciesDistributionMean()));
+    mGeneration->showValue(COMPO_LE_TYPE,
+                           COM_Real::toString(problem->getFrequenciesDistributionDelta()));
     const bool hasSpread = problem->getBlochEquations()->size() >= 2;
     for (const unsigned char flag :
          {COMPO_CB_STAT, COMPO_LE_MEAN, COMPO_LE_TYPE, COMPO_PB_GENERATE}) {
-        find(flag)->setEnabled(hasSpread);
+        mGeneration->enable(flag, hasSpread);
     }
     mSelection->setDeleteButtonEnabled(hasSpread);
     GUI_RootPanel::updateValues();

@@ -37,8 +37,6 @@ private:
     void addGeneration();
     void addField(GUI_GridLayout& grid, int row, const std::string& text,
                   GUI_ActionComponent& field);
-    /// A component of the law's group, or null.
-    GUI_ActionComponent* find(unsigned char flag) const;
     void setLevelsNumber(long number);
 
     QVG_BlochSelectionPanel* mSelection = nullptr; ///< Child 0, counted there.
