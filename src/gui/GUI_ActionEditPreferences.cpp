@@ -1,28 +1,10 @@
 #include "gui/GUI_ActionEditPreferences.h"
 
-#include "common/COM_Array.h"
 #include "common/COM_Scoped.h"
 #include "gui/GUI_PreferencesWindow.h"
 #include "gui/GUI_RootWindow.h"
 
 #include <algorithm>
-
-namespace {
-
-/// The open form below `window`, or null.
-GUI_PreferencesWindow* openForm(const GUI_RootWindow& window)
-{
-    const COM_Scoped children(COM_Array<GUI_ChildWindow>::New());
-    window.getChildren(*children);
-    for (unsigned long i = 0; i < children->size(); ++i) {
-        if (auto* const form = dynamic_cast<GUI_PreferencesWindow*>(children->get(i))) {
-            return form;
-        }
-    }
-    return nullptr;
-}
-
-} // namespace
 
 GUI_ActionEditPreferences::GUI_ActionEditPreferences(GUI_ParentWindow* window)
     : GUI_RootAction(window, translate("Preferences"))
@@ -38,7 +20,7 @@ void GUI_ActionEditPreferences::toDo()
     if (root == nullptr) {
         return;
     }
-    if (GUI_PreferencesWindow* const form = openForm(*root)) {
+    if (auto* const form = root->findForm<GUI_PreferencesWindow>()) {
         form->bringToFront();
     } else {
         const COM_Scoped window(GUI_PreferencesWindow::New(*root, false));

@@ -1,6 +1,5 @@
 #include "gui/GUI_NewProjectWindow.h"
 
-#include "common/COM_Array.h"
 #include "common/COM_Scoped.h"
 #include "gui/GUI_NewProjectPanel.h"
 
@@ -24,14 +23,12 @@ void GUI_NewProjectWindow::open(GUI_ParentWindow& parent, bool isSavingAs)
 {
     constexpr int width = 520; // shows whole paths
 
-    const COM_Scoped children(COM_Array<GUI_ChildWindow>::New());
-    parent.getChildren(*children);
-    for (unsigned long i = 0; i < children->size(); ++i) {
-        auto* const window = dynamic_cast<GUI_NewProjectWindow*>(children->get(i));
-        if (window != nullptr && window->isSavingAs() == isSavingAs) {
-            window->bringToFront();
-            return;
-        }
+    const auto isMeant = [isSavingAs](const GUI_NewProjectWindow& form) {
+        return form.isSavingAs() == isSavingAs;
+    };
+    if (auto* const form = parent.findForm<GUI_NewProjectWindow>(isMeant)) {
+        form->bringToFront();
+        return;
     }
     const COM_Scoped window(New(parent, isSavingAs));
     const QSize size = window->sizeHint();

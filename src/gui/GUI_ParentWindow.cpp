@@ -267,6 +267,18 @@ unsigned long GUI_ParentWindow::getId(const GUI_ChildWindow& child)
     return child.getIdentityNumber();
 }
 
+void GUI_ParentWindow::openForm(unsigned long& id,
+                                const std::function<GUI_ChildWindow*(GUI_ParentWindow&)>& make)
+{
+    if (GUI_ChildWindow* const open = getChild(id)) {
+        open->bringToFront();
+        return;
+    }
+    const COM_Scoped form(make(*this));
+    id = getId(*form);
+    form->show();
+}
+
 void GUI_ParentWindow::closeChildrenWindow()
 {
     const COM_Scoped children(COM_Array<GUI_ChildWindow>::New());

@@ -5,6 +5,7 @@
 
 #include <QMainWindow>
 
+#include <functional>
 #include <string>
 
 class GUI_ChildWindow;
@@ -75,6 +76,22 @@ public:
     /// The child of that identity number, or null.
     GUI_ChildWindow* getChild(unsigned long id) const;
     static unsigned long getId(const GUI_ChildWindow& child);
+    /// The first child of that class for which `isMeant`, if there is one, is true; else null.
+    template <typename Window>
+    Window* findForm(const std::function<bool(const Window&)>& isMeant = {}) const
+    {
+        for (const unsigned long id : mChildren->keys()) {
+            auto* const form = dynamic_cast<Window*>(getChild(id));
+            if (form != nullptr && (!isMeant || isMeant(*form))) {
+                return form;
+            }
+        }
+        return nullptr;
+    }
+    /// Raises the child of that identity number. Where there is none, opens the one that `make` makes, with
+    /// one reference for the caller, and gives its number in `id`.
+    void openForm(unsigned long& id,
+                  const std::function<GUI_ChildWindow*(GUI_ParentWindow&)>& make);
     /// Closes each child by its own `close`.
     void closeChildrenWindow();
 

@@ -1,6 +1,5 @@
 #include "quorvexGui/QVG_ActionVisualize.h"
 
-#include "common/COM_Scoped.h"
 #include "gui/GUI_RootWindow.h"
 #include "quorvexGui/QVG_VisualizationWindow.h"
 
@@ -16,12 +15,10 @@ void QVG_ActionVisualize::toDo()
         if (auto* const open =
                 dynamic_cast<QVG_VisualizationWindow*>(window->getChild(mWindowId))) {
             open->checkResults();
-            open->bringToFront();
-        } else {
-            const COM_Scoped visualization(QVG_VisualizationWindow::New(*window));
-            visualization->show();
-            mWindowId = GUI_ParentWindow::getId(*visualization);
         }
+        window->openForm(mWindowId, [](GUI_ParentWindow& parent) {
+            return QVG_VisualizationWindow::New(parent);
+        });
     }
     GUI_RootAction::toDo();
 }

@@ -35,12 +35,8 @@ QVG_CheckWindow::QVG_CheckWindow(GUI_ParentWindow& parent,
 void QVG_CheckWindow::tell(GUI_ParentWindow& parent,
                            const std::vector<QV_ProblemCheck::Finding>& findings)
 {
-    const COM_Scoped children(COM_Array<GUI_ChildWindow>::New());
-    parent.getChildren(*children);
-    for (unsigned long i = 0; i < children->size(); ++i) {
-        if (children->get(i)->instanceOf("QVG_CheckWindow")) {
-            children->get(i)->close(false);
-        }
+    if (auto* const former = parent.findForm<QVG_CheckWindow>()) {
+        former->close(false);
     }
     if (!findings.empty()) {
         const COM_Scoped window(QVG_CheckWindow::New(parent, findings));

@@ -175,17 +175,9 @@ void QVG_FormPanel::updateWindow()
 void QVG_FormPanel::showDetail(unsigned long& id,
                                const std::function<GUI_ChildWindow*(GUI_ParentWindow&)>& make)
 {
-    GUI_ParentWindow* const window = findWindow();
-    if (window == nullptr) {
-        return;
+    if (GUI_ParentWindow* const window = findWindow()) {
+        window->openForm(id, make);
     }
-    if (GUI_ChildWindow* const open = window->getChild(id)) {
-        open->bringToFront();
-        return;
-    }
-    const COM_Scoped detail(make(*window));
-    id = GUI_ParentWindow::getId(*detail);
-    detail->show();
 }
 
 // ---------------------------------------------------------------- values

@@ -94,8 +94,7 @@ protected:
     GUI_ParentWindow* findWindow();
     /// Lets the whole window show the problem again.
     void updateWindow();
-    /// Raises the child window `id` of the form's window, or opens the one that `make` makes, with one
-    /// reference for the caller, and gives its number in `id`.
+    /// `GUI_ParentWindow::openForm` of the form's window.
     void showDetail(unsigned long& id,
                     const std::function<GUI_ChildWindow*(GUI_ParentWindow&)>& make);
 
