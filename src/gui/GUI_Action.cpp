@@ -38,11 +38,21 @@ void GUI_Action::initComponents()
 
 void GUI_Action::toDo()
 {
-    GUI_RootMenu* const root = mMenu == nullptr ? nullptr : mMenu->getRoot();
-    GUI_MenuPanel* const panel = root == nullptr ? nullptr : root->getPanel();
-    if (panel != nullptr) {
+    if (GUI_MenuPanel* const panel = getMenuPanel()) {
         panel->updateStateMenus();
     }
+}
+
+GUI_MenuPanel* GUI_Action::getMenuPanel() const
+{
+    GUI_RootMenu* const root = mMenu == nullptr ? nullptr : mMenu->getRoot();
+    return root == nullptr ? nullptr : root->getPanel();
+}
+
+GUI_ParentWindow* GUI_Action::getWindow() const
+{
+    GUI_MenuPanel* const panel = getMenuPanel();
+    return panel == nullptr ? nullptr : panel->getWindow();
 }
 
 void GUI_Action::setLabel(const std::string& label)

@@ -5,6 +5,7 @@
 
 #include <string>
 
+class GUI_MenuPanel;
 class GUI_ParentMenu;
 class GUI_ParentWindow;
 
@@ -47,6 +48,11 @@ protected:
     /// The window does not become the Qt parent: the count decides how long an action lives.
     explicit GUI_Action(GUI_ParentWindow* window);
     ~GUI_Action() override = default;
+
+    /// The bar of menus that holds the action, or null.
+    GUI_MenuPanel* getMenuPanel() const;
+    /// The window of the bar, or null.
+    GUI_ParentWindow* getWindow() const;
 
 private:
     void initComponents();

@@ -5,6 +5,7 @@
 #include "gui/GUI_ActionComponent.h"
 #include "gui/GUI_ChildPanel.h"
 #include "gui/GUI_RootLayout.h"
+#include "gui/GUI_RootPanel.h"
 
 #include <QWidget>
 
@@ -152,6 +153,12 @@ void GUI_ParentPanel::enable(unsigned char flag, bool isEnabled) const
     if (auto* const component = dynamic_cast<GUI_ActionComponent*>(getComponent(flag))) {
         component->setEnabled(isEnabled);
     }
+}
+
+GUI_ParentWindow* GUI_ParentPanel::findWindow()
+{
+    const GUI_RootPanel* const root = getRoot();
+    return root != nullptr ? root->getWindow() : nullptr;
 }
 
 QWidget* GUI_ParentPanel::qtWidget()

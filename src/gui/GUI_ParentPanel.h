@@ -7,6 +7,7 @@
 class GUI_ActionComponent;
 class GUI_ChildPanel;
 class GUI_Component;
+class GUI_ParentWindow;
 class GUI_RootLayout;
 class GUI_RootPanel;
 class QWidget;
@@ -26,6 +27,8 @@ public:
     virtual void resetMainLayout();
     /// The panel at the top of the tree, or null while there is none.
     virtual GUI_RootPanel* getRoot() = 0;
+    /// The window that the panel stands in, or null.
+    GUI_ParentWindow* findWindow();
     /// Shows the model: the child panels in order, then a repaint. Forms load their components under a
     /// `GUI_Display` and end with this one.
     virtual void updateValues();

@@ -1,8 +1,6 @@
 #include "gui/GUI_RootAction.h"
 
-#include "gui/GUI_MenuPanel.h"
 #include "gui/GUI_Message.h"
-#include "gui/GUI_RootMenu.h"
 #include "gui/GUI_RootWindow.h"
 
 #include <iostream>
@@ -20,9 +18,7 @@ GUI_RootAction::GUI_RootAction(GUI_ParentWindow* window, const std::string& labe
 
 GUI_RootWindow* GUI_RootAction::getRootWindow() const
 {
-    GUI_RootMenu* const menu = getMenu() == nullptr ? nullptr : getMenu()->getRoot();
-    GUI_MenuPanel* const panel = menu == nullptr ? nullptr : menu->getPanel();
-    GUI_ParentWindow* const window = panel == nullptr ? nullptr : panel->getWindow();
+    GUI_ParentWindow* const window = getWindow();
     return window == nullptr ? nullptr : window->getRoot();
 }
 

@@ -2,8 +2,6 @@
 
 #include "common/COM_Guard.h"
 #include "gui/GUI_EventScope.h"
-#include "gui/GUI_MenuPanel.h"
-#include "gui/GUI_RootMenu.h"
 #include "gui/GUI_RootWindow.h"
 #include "gui2d/GUI2D_DrawPanel.h"
 #include "gui2d/GUI2D_Window.h"
@@ -20,13 +18,6 @@ GUI2D_Action::GUI2D_Action(GUI_ParentWindow* window, const std::string& label,
     if (!icon.empty()) {
         setIcon(icon);
     }
-}
-
-GUI_ParentWindow* GUI2D_Action::getWindow() const
-{
-    GUI_RootMenu* const menu = getMenu() == nullptr ? nullptr : getMenu()->getRoot();
-    GUI_MenuPanel* const panel = menu == nullptr ? nullptr : menu->getPanel();
-    return panel == nullptr ? nullptr : panel->getWindow();
 }
 
 std::string GUI2D_Action::getStartPath() const

@@ -21,8 +21,6 @@ protected:
 
     virtual void act(GUI2D_DrawPanel& panel) = 0;
 
-    /// The window of the menu, or null.
-    GUI_ParentWindow* getWindow() const;
     /// Where a dialog for a file starts: in the window's directory, else in the root window's.
     std::string getStartPath() const;
 

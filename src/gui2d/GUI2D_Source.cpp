@@ -1,15 +1,12 @@
 #include "gui2d/GUI2D_Source.h"
 
 #include "gui/GUI_ChildWindow.h"
-#include "gui/GUI_RootPanel.h"
 #include "gui2d/GUI2D_Plotter.h"
 #include "gui2d/GUI2D_Window.h"
 
 GUI2D_DrawPanel* GUI2D_Source::drawPanel(GUI_ParentPanel& panel)
 {
-    const GUI_RootPanel* const root = panel.getRoot();
-    auto* const window =
-        root == nullptr ? nullptr : dynamic_cast<GUI_ChildWindow*>(root->getWindow());
+    auto* const window = dynamic_cast<GUI_ChildWindow*>(panel.findWindow());
     auto* const parent =
         window == nullptr ? nullptr : dynamic_cast<GUI2D_Window*>(window->getParent());
     return parent == nullptr ? nullptr : parent->getDrawPanel();

@@ -2,7 +2,6 @@
 
 #include "common/COM_Color.h"
 #include "common/COM_Scoped.h"
-#include "gui/GUI_RootPanel.h"
 #include "gui/GUI_RootWindow.h"
 #include "gui2d/GUI2D_Curve.h"
 #include "gui2d/GUI2D_Plotter.h"
@@ -87,8 +86,7 @@ std::string GUI2D_Transform::getDescription() const
 void GUI2D_Transform::show(const GUI2D_Plotter& source) const
 {
     GUI_ParentPanel* const parent = source.getParent();
-    const GUI_RootPanel* const panel = parent == nullptr ? nullptr : parent->getRoot();
-    GUI_ParentWindow* const window = panel == nullptr ? nullptr : panel->getWindow();
+    GUI_ParentWindow* const window = parent == nullptr ? nullptr : parent->findWindow();
     GUI_RootWindow* const root = window == nullptr ? nullptr : window->getRoot();
     if (root == nullptr) {
         return;

@@ -47,9 +47,7 @@ void QVG_DataWindow::showDerivedData(GUI_ParentWindow* detail)
     auto* const child = dynamic_cast<GUI_ChildWindow*>(detail);
     auto* const window =
         child != nullptr ? dynamic_cast<QVG_DataWindow*>(child->getParent()) : nullptr;
-    const auto* const mainWindow =
-        window != nullptr ? dynamic_cast<QVG_MainWindow*>(window->getRoot()) : nullptr;
-    if (mainWindow != nullptr && mainWindow->getProblem() != nullptr) {
-        window->showDerivedData(*mainWindow->getProblem());
+    if (const QV_Problem* const problem = QVG_MainWindow::findProblem(window)) {
+        window->showDerivedData(*problem);
     }
 }

@@ -13,7 +13,6 @@
 #include "gui/GUI_Label.h"
 #include "gui/GUI_LineEdit.h"
 #include "gui/GUI_RootGridLayout.h"
-#include "gui/GUI_RootPanel.h"
 #include "gui/GUI_SpinBox.h"
 #include "quorvex/QV_1DMaxwell.h"
 #include "quorvex/QV_1DMilieu.h"
@@ -141,20 +140,10 @@ void QVG_FormPanel::setLabelsWidth(int width)
 
 // ---------------------------------------------------------------- the way to the problem
 
-GUI_ParentWindow* QVG_FormPanel::findWindow()
-{
-    GUI_RootPanel* const root = getRoot();
-    return root != nullptr ? root->getWindow() : nullptr;
-}
-
 QVG_FormPanel::Model QVG_FormPanel::findModel()
 {
-    GUI_ParentWindow* const window = findWindow();
-    const auto* const mainWindow =
-        window != nullptr ? dynamic_cast<QVG_MainWindow*>(window->getRoot()) : nullptr;
     Model model;
-    model.mProblem =
-        mainWindow != nullptr ? dynamic_cast<QV_1DProblem*>(mainWindow->getProblem()) : nullptr;
+    model.mProblem = dynamic_cast<QV_1DProblem*>(QVG_MainWindow::findProblem(findWindow()));
     if (model.mProblem == nullptr) {
         return {};
     }

@@ -90,8 +90,6 @@ protected:
     void show(unsigned char flag, double value);
     void show(unsigned char flag, long value);
 
-    /// The window of the form, or null.
-    GUI_ParentWindow* findWindow();
     /// Lets the whole window show the problem again.
     void updateWindow();
     /// `GUI_ParentWindow::openForm` of the form's window.

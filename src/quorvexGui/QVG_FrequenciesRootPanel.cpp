@@ -108,10 +108,7 @@ void QVG_FrequenciesRootPanel::addField(GUI_GridLayout& grid, int row, const std
 
 QV_Problem* QVG_FrequenciesRootPanel::findProblem() const
 {
-    GUI_ParentWindow* const window = getWindow();
-    const auto* const mainWindow =
-        window != nullptr ? dynamic_cast<QVG_MainWindow*>(window->getRoot()) : nullptr;
-    return mainWindow != nullptr ? mainWindow->getProblem() : nullptr;
+    return QVG_MainWindow::findProblem(getWindow());
 }
 
 void QVG_FrequenciesRootPanel::updateValues()

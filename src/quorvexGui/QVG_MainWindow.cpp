@@ -29,8 +29,8 @@ constexpr const char* newProjectWindowType = "GUI_NewProjectWindow";
 constexpr const char* descriptionFile = "projectDescription.txt";
 constexpr const char* resultFiles = "*.res";
 constexpr const char* plotterWindowFiles = "plotter_window_saving_*.xml";
-constexpr const char* plotterWindowFile =
-    "plotter_window_saving_"; ///< The window's number follows.
+/// The window's number follows.
+constexpr const char* plotterWindowFile = "plotter_window_saving_";
 
 /// A name that is empty would stand for no file at all, and the present one stays.
 void readName(const MM_Class& metaClass, const char* key, std::string& name)
@@ -66,6 +66,13 @@ QV_Problem* QVG_MainWindow::getProblem() const
 {
     const GUI_Application* const application = getApplication();
     return application == nullptr ? nullptr : dynamic_cast<QV_Problem*>(application->getModel());
+}
+
+QV_Problem* QVG_MainWindow::findProblem(GUI_ParentWindow* window)
+{
+    const auto* const mainWindow =
+        window != nullptr ? dynamic_cast<QVG_MainWindow*>(window->getRoot()) : nullptr;
+    return mainWindow != nullptr ? mainWindow->getProblem() : nullptr;
 }
 
 void QVG_MainWindow::updateMenus() const

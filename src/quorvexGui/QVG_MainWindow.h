@@ -29,7 +29,8 @@ public:
     /// Reads the project of the window's path and file, whose directory may have been moved, and opens its
     /// plots.
     void load() override;
-    /// Writes the project with the texts and the plots that are open. Without a project, that is a file name, nothing.
+    /// Writes the project with the texts and the plots that are open. Without a project, that is a file name,
+    /// nothing.
     void save() const override;
     /// Goes on in another directory, with copies of the results and of the description.
     void saveAs(const std::string& path, const std::string& file) const override;
@@ -45,6 +46,8 @@ public:
     const std::string& getPlotterWindowsFileName() const { return mPlotterWindowsFileName; }
     /// The application's model, or null while it is no problem.
     QV_Problem* getProblem() const;
+    /// That of the main window above `window`, which may be null; null without a main window.
+    static QV_Problem* findProblem(GUI_ParentWindow* window);
 
 protected:
     QVG_MainWindow(const std::string& caption, bool isContainer);

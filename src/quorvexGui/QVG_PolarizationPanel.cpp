@@ -1,6 +1,5 @@
 #include "quorvexGui/QVG_PolarizationPanel.h"
 
-#include "gui/GUI_RootPanel.h"
 #include "linearAlgebra/LA_RealMatrix.h"
 #include "quorvex/QV_Bloch.h"
 #include "quorvexGui/QVG_DataWindow.h"
@@ -21,6 +20,6 @@ void QVG_PolarizationPanel::updateValues()
     if (matrix != nullptr && matrices != nullptr && mIndex < matrices->size()
         && matrices->get(mIndex) == matrix) {
         QV_Bloch::setPolarization(*matrix, mIndex);
-        QVG_DataWindow::showDerivedData(getRoot() != nullptr ? getRoot()->getWindow() : nullptr);
+        QVG_DataWindow::showDerivedData(findWindow());
     }
 }
