@@ -1,10 +1,12 @@
 #include "gui/GUI_ChildWindow.h"
 
 #include "common/COM_Guard.h"
+#include "gui/GUI_EventScope.h"
 #include "gui/GUI_Grave.h"
 #include "gui/GUI_Workspace.h"
 
 #include <QMdiSubWindow>
+#include <QShortcut>
 
 GUI_ChildWindow::GUI_ChildWindow(GUI_ParentWindow& parent, bool isContainer)
     : GUI_ParentWindow(parent, isContainer)
@@ -44,6 +46,15 @@ GUI_Workspace* GUI_ChildWindow::getWorkspace()
         return GUI_ParentWindow::getWorkspace();
     }
     return mParent == nullptr ? nullptr : mParent->getWorkspace();
+}
+
+void GUI_ChildWindow::closeOnEscape()
+{
+    auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    connect(escape, &QShortcut::activated, this, [this] {
+        const GUI_EventScope scope;
+        close(false);
+    });
 }
 
 void GUI_ChildWindow::resetParent()

@@ -28,6 +28,9 @@ protected:
     explicit GUI_ChildWindow(GUI_ParentWindow* parent, bool isContainer = false);
     ~GUI_ChildWindow() override = default;
 
+    /// Lets the Escape key close the window from now on.
+    void closeOnEscape();
+
 private:
     /// Requires: there is no parent.
     void attach(GUI_ParentWindow& parent);

@@ -1,10 +1,7 @@
 #include "quorvexGui/QVG_CheckWindow.h"
 
 #include "common/COM_Scoped.h"
-#include "gui/GUI_EventScope.h"
 #include "quorvexGui/QVG_CheckView.h"
-
-#include <QShortcut>
 
 namespace {
 
@@ -23,11 +20,7 @@ QVG_CheckWindow::QVG_CheckWindow(GUI_ParentWindow& parent,
     auto* const view = new QVG_CheckView(findings, this);
     applyFont(*view);
     setCentralWidget(view);
-    auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-    connect(escape, &QShortcut::activated, this, [this] {
-        const GUI_EventScope scope;
-        close(false);
-    });
+    closeOnEscape();
     setSize(startWidth, startHeight);
     move(parent.frameGeometry().bottomLeft() + QPoint(0, progressHeight));
 }
