@@ -1,6 +1,6 @@
 #pragma once
-#include "gui/GUI_ChildWindow.h"
 #include "gui/GUI_MatrixPanel.h"
+#include "gui/GUI_TableWindow.h"
 
 #include <complex>
 #include <string>
@@ -9,27 +9,49 @@
 /// A window with a form for a matrix. It opens with up to five rows and columns in full view. The setters
 /// are those of the form.
 template <typename T>
-class GUI_MatrixWindow : public GUI_ChildWindow
+class GUI_MatrixWindow : public GUI_TableWindow
 {
+    using Form = GUI_MatrixPanel<T>;
     COM_CLASS(GUI_MatrixWindow)
 public:
     /// Null once the window is closed.
-    GUI_MatrixPanel<T>* getMatrixPanel() const;
+    Form* getMatrixPanel() const { return getForm<Form>(); }
 
     void setMatrix(LA_Matrix<T>& matrix) { setMatrix(&matrix); }
-    void setMatrix(LA_Matrix<T>* matrix);
-    void resetMatrix();
-    void setSymetric(bool flag);
-    void setAntiSymetric(bool flag);
-    void setDiagonal(bool flag);
-    void setConjugate(bool flag);
-    void setXDimensionLabel(const std::string& label);
-    void setYDimensionLabel(const std::string& label);
-    void setCheckedMatrix(bool flag);
-    void setCheckedMatrix(bool flag, const std::string& title);
-    void setComboBoxMatrix(bool flag);
-    void setComboBoxMatrix(bool flag, const std::vector<std::string>& entries);
-    void setColumnsResizabled(bool flag);
+    void setMatrix(LA_Matrix<T>* matrix)
+    {
+        tell<Form>([matrix](auto& form) { form.setMatrix(matrix); });
+    }
+    void resetMatrix() { tell<Form>(&Form::resetMatrix); }
+    void setSymetric(bool flag) { tell<Form>(&Form::setSymetric, flag); }
+    void setAntiSymetric(bool flag) { tell<Form>(&Form::setAntiSymetric, flag); }
+    void setDiagonal(bool flag) { tell<Form>(&Form::setDiagonal, flag); }
+    void setConjugate(bool flag) { tell<Form>(&Form::setConjugate, flag); }
+    void setXDimensionLabel(const std::string& label)
+    {
+        tell<Form>(&Form::setXDimensionLabel, label);
+    }
+    void setYDimensionLabel(const std::string& label)
+    {
+        tell<Form>(&Form::setYDimensionLabel, label);
+    }
+    void setCheckedMatrix(bool flag)
+    {
+        tell<Form>([flag](auto& form) { form.setCheckedMatrix(flag); });
+    }
+    void setCheckedMatrix(bool flag, const std::string& title)
+    {
+        tell<Form>([flag, &title](auto& form) { form.setCheckedMatrix(flag, title); });
+    }
+    void setComboBoxMatrix(bool flag)
+    {
+        tell<Form>([flag](auto& form) { form.setComboBoxMatrix(flag); });
+    }
+    void setComboBoxMatrix(bool flag, const std::vector<std::string>& entries)
+    {
+        tell<Form>([flag, &entries](auto& form) { form.setComboBoxMatrix(flag, entries); });
+    }
+    void setColumnsResizabled(bool flag) { tell<Form>(&Form::setColumnsResizabled, flag); }
 
 protected:
     GUI_MatrixWindow(GUI_ParentWindow& parent, bool isContainer, LA_Matrix<T>& matrix,
@@ -38,9 +60,6 @@ protected:
     GUI_MatrixWindow(GUI_ParentWindow* parent, bool isContainer, LA_Matrix<T>* matrix,
                      bool showDim);
     ~GUI_MatrixWindow() override = default;
-
-private:
-    void initComponents(LA_Matrix<T>* matrix, bool showDim);
 };
 
 extern template class GUI_MatrixWindow<double>;
