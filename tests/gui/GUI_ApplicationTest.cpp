@@ -5,7 +5,7 @@
 #include "gui/GUI_Component.h"
 #include "metaModel/MM_Class.h"
 #include "metaModel/MM_ClassFactory.h"
-#include "support/Dialogs.h"
+#include "support/DialogAnswers.h"
 #include "support/Printed.h"
 #include "support/TestDirectory.h"
 #include "support/TestNode.h"
@@ -442,15 +442,14 @@ TEST_F(GUI_ApplicationTest, TheTextAboutTheProgramIsReadFromItsFile)
     application().setMainWindow(*window);
     const auto textShown = [&window] {
         QString text = "not shown";
-        const auto isSeen = onNextDialog([&](QWidget& dialog) {
-            auto& box = dynamic_cast<QMessageBox&>(dialog);
+        DialogAnswers answers;
+        answers.add<QMessageBox>([&](QMessageBox& box) {
             EXPECT_EQ(box.windowTitle(), "About");
             EXPECT_EQ(box.icon(), QMessageBox::Information);
             EXPECT_EQ(box.parentWidget(), window.get());
             text = box.text();
         });
         application().about();
-        EXPECT_TRUE(*isSeen);
         return text.toUtf8().toStdString();
     };
     EXPECT_EQ(textShown(), "");
@@ -464,10 +463,10 @@ TEST_F(GUI_ApplicationTest, TheBoxAboutTheProgramIsTitledInTheLanguageOfTheWords
 {
     GUI_Object::setLang(1);
     GUI_Application::DOC_PATH = mDirectory.slashed();
-    const auto isSeen = onNextDialog([](QWidget& dialog) {
+    DialogAnswers answers;
+    answers.add<QDialog>([](QDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle().toStdString(), GUI_Object::translate("About"));
         EXPECT_NE(dialog.windowTitle(), "About");
     });
     application().about();
-    EXPECT_TRUE(*isSeen);
 }

@@ -1,20 +1,11 @@
 #include "gui/GUI_ColorButton.h"
 
-#include "support/Dialogs.h"
+#include "support/DialogAnswers.h"
 #include "support/TestPanel.h"
 
 #include <QApplication>
 #include <QColorDialog>
 #include <QPointer>
-
-namespace {
-
-QColorDialog& colorDialog(QWidget& dialog)
-{
-    return dynamic_cast<QColorDialog&>(dialog);
-}
-
-} // namespace
 
 TEST(GUI_ColorButton, TakesTheColorThatTheUserChooses)
 {
@@ -23,15 +14,15 @@ TEST(GUI_ColorButton, TakesTheColorThatTheUserChooses)
     button.setValue("#102030");
     form.show();
     std::string offered;
-    const auto seen = onNextDialog([&](QWidget& dialog) {
-        offered = colorDialog(dialog).currentColor().name().toStdString();
-        colorDialog(dialog).setCurrentColor(QColor(1, 2, 255));
-        colorDialog(dialog).accept();
+    DialogAnswers answers;
+    answers.add<QColorDialog>([&](QColorDialog& dialog) {
+        offered = dialog.currentColor().name().toStdString();
+        dialog.setCurrentColor(QColor(1, 2, 255));
+        dialog.accept();
     });
 
     QTest::mouseClick(&button, Qt::LeftButton);
 
-    EXPECT_TRUE(*seen);
     EXPECT_EQ(offered, "#102030");
     EXPECT_EQ(button.getValue(), "#0102ff");
     EXPECT_EQ(form->mFlags, std::vector<int>{3});
@@ -44,14 +35,14 @@ TEST(GUI_ColorButton, ReportsAlsoWhenTheUserCancels)
     auto& button = form.add<GUI_ColorButton>(3);
     button.setValue("#102030");
     form.show();
-    const auto seen = onNextDialog([&](QWidget& dialog) {
-        colorDialog(dialog).setCurrentColor(Qt::white);
-        colorDialog(dialog).reject();
+    DialogAnswers answers;
+    answers.add<QColorDialog>([&](QColorDialog& dialog) {
+        dialog.setCurrentColor(Qt::white);
+        dialog.reject();
     });
 
     QTest::mouseClick(&button, Qt::LeftButton);
 
-    EXPECT_TRUE(*seen);
     EXPECT_EQ(form->mFlags, std::vector<int>{3});
     EXPECT_EQ(button.getValue(), "#102030");
 }
@@ -113,17 +104,17 @@ TEST(GUI_ColorButton, OutlivesADialogDuringWhichItIsReleased)
     auto& button = form.add<GUI_ColorButton>();
     const QPointer<QWidget> alive(&button);
     form.show();
-    const auto seen = onNextDialog([&](QWidget& dialog) {
+    DialogAnswers answers;
+    answers.add<QColorDialog>([&](QColorDialog& dialog) {
         form.layout().removeFromComponents(button);
         EXPECT_FALSE(alive.isNull());
-        colorDialog(dialog).setCurrentColor(Qt::white);
-        colorDialog(dialog).accept();
+        dialog.setCurrentColor(Qt::white);
+        dialog.accept();
     });
 
     button.click();
     QApplication::processEvents();
 
-    EXPECT_TRUE(*seen);
     EXPECT_TRUE(alive.isNull());
     EXPECT_TRUE(form->mFlags.empty());
 }

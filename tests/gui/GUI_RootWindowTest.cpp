@@ -3,7 +3,7 @@
 #include "gui/GUI_EventScope.h"
 #include "gui/GUI_LineEdit.h"
 #include "gui/GUI_RootVBoxLayout.h"
-#include "support/Dialogs.h"
+#include "support/DialogAnswers.h"
 #include "support/EnglishTexts.h"
 #include "support/Printed.h"
 #include "support/TestWindows.h"
@@ -128,8 +128,8 @@ TEST(GUI_RootWindow, WithoutFileItClosesWithoutAQuestion)
 
 TEST_F(GUI_RootWindowQuestionTest, TheQuestionIsAskedWithThreeButtons)
 {
-    const auto isSeen = onNextDialog([this](QWidget& dialog) {
-        auto& box = dynamic_cast<QMessageBox&>(dialog);
+    DialogAnswers answers;
+    answers.add<QMessageBox>([this](QMessageBox& box) {
         EXPECT_EQ(box.windowTitle(), "Quit");
         EXPECT_EQ(box.text(), "Do you want to save before exiting ?");
         EXPECT_EQ(box.icon(), QMessageBox::Warning);
@@ -140,14 +140,13 @@ TEST_F(GUI_RootWindowQuestionTest, TheQuestionIsAskedWithThreeButtons)
         EXPECT_EQ(box.button(QMessageBox::Cancel)->text(), "Cancel");
     });
     mWindow->close(false);
-    EXPECT_TRUE(*isSeen);
 }
 
 TEST_F(GUI_RootWindowQuestionTest, TheQuestionIsInTheLanguageOfTheWords)
 {
     GUI_Object::setLang(1);
-    const auto isSeen = onNextDialog([](QWidget& dialog) {
-        auto& box = dynamic_cast<QMessageBox&>(dialog);
+    DialogAnswers answers;
+    answers.add<QMessageBox>([](QMessageBox& box) {
         const std::pair<QString, const char*> texts[] = {
             {box.windowTitle(), "Quit"},
             {box.text(), "Do you want to save before exiting ?"},
@@ -160,7 +159,6 @@ TEST_F(GUI_RootWindowQuestionTest, TheQuestionIsInTheLanguageOfTheWords)
         }
     });
     mWindow->close(false);
-    EXPECT_TRUE(*isSeen);
 }
 
 TEST_F(GUI_RootWindowQuestionTest, AFieldThatIsBeingTypedInDeliversItsTextFirst)
@@ -180,53 +178,51 @@ TEST_F(GUI_RootWindowQuestionTest, AFieldThatIsBeingTypedInDeliversItsTextFirst)
 
 TEST_F(GUI_RootWindowQuestionTest, CancelLeavesEverythingUntouched)
 {
-    const auto isSeen = onNextDialog([](QWidget& dialog) { pressButton(dialog, "Cancel"); });
+    DialogAnswers answers;
+    answers.add<QDialog>([](QDialog& dialog) { pressButton(dialog, "Cancel"); });
     EXPECT_FALSE(mWindow->close(true));
-    EXPECT_TRUE(*isSeen);
     EXPECT_TRUE(isUntouched());
     EXPECT_EQ(mWindow->mSaves, 0);
 }
 
 TEST_F(GUI_RootWindowQuestionTest, EscapeIsCancel)
 {
-    const auto isSeen =
-        onNextDialog([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    DialogAnswers answers;
+    answers.add<QDialog>([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
     EXPECT_FALSE(mWindow->close(false));
-    EXPECT_TRUE(*isSeen);
     EXPECT_TRUE(isUntouched());
 }
 
 TEST_F(GUI_RootWindowQuestionTest, TheTitleBarOfTheQuestionIsCancel)
 {
-    const auto isSeen = onNextDialog([](QWidget& dialog) { dialog.close(); });
+    DialogAnswers answers;
+    answers.add<QDialog>([](QDialog& dialog) { dialog.close(); });
     EXPECT_FALSE(mWindow->close(false));
-    EXPECT_TRUE(*isSeen);
     EXPECT_TRUE(isUntouched());
 }
 
 TEST_F(GUI_RootWindowQuestionTest, YesSavesAndCloses)
 {
-    const auto isSeen = onNextDialog([](QWidget& dialog) { pressButton(dialog, "Yes"); });
+    DialogAnswers answers;
+    answers.add<QDialog>([](QDialog& dialog) { pressButton(dialog, "Yes"); });
     EXPECT_TRUE(mWindow->close(false));
-    EXPECT_TRUE(*isSeen);
     EXPECT_EQ(mWindow->mSaves, 1);
     EXPECT_TRUE(isClosed());
 }
 
 TEST_F(GUI_RootWindowQuestionTest, TheReturnKeyIsYes)
 {
-    const auto isSeen =
-        onNextDialog([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+    DialogAnswers answers;
+    answers.add<QDialog>([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
     EXPECT_TRUE(mWindow->close(false));
-    EXPECT_TRUE(*isSeen);
     EXPECT_EQ(mWindow->mSaves, 1);
 }
 
 TEST_F(GUI_RootWindowQuestionTest, NoClosesWithoutSaving)
 {
-    const auto isSeen = onNextDialog([](QWidget& dialog) { pressButton(dialog, "No"); });
+    DialogAnswers answers;
+    answers.add<QDialog>([](QDialog& dialog) { pressButton(dialog, "No"); });
     EXPECT_TRUE(mWindow->close(false));
-    EXPECT_TRUE(*isSeen);
     EXPECT_EQ(mWindow->mSaves, 0);
     EXPECT_TRUE(isClosed());
 }
@@ -234,32 +230,29 @@ TEST_F(GUI_RootWindowQuestionTest, NoClosesWithoutSaving)
 TEST_F(GUI_RootWindowQuestionTest, TheTitleBarAsksTooAndCanBeRefused)
 {
     QWidget* const window = mWindow.get();
-    auto isSeen = onNextDialog([](QWidget& dialog) { pressButton(dialog, "Cancel"); });
+    DialogAnswers answers;
+    answers.add<QDialog>([](QDialog& dialog) { pressButton(dialog, "Cancel"); });
     EXPECT_FALSE(window->close());
-    EXPECT_TRUE(*isSeen);
     EXPECT_TRUE(isUntouched());
-    isSeen = onNextDialog([](QWidget& dialog) { pressButton(dialog, "No"); });
+    answers.add<QDialog>([](QDialog& dialog) { pressButton(dialog, "No"); });
     EXPECT_TRUE(window->close());
-    EXPECT_TRUE(*isSeen);
     EXPECT_TRUE(isClosed());
 }
 
 TEST_F(GUI_RootWindowQuestionTest, ASecondCloseAsksNothing)
 {
-    const auto isSeen = onNextDialog([](QWidget& dialog) { pressButton(dialog, "No"); });
+    DialogAnswers answers;
+    answers.add<QDialog>([](QDialog& dialog) { pressButton(dialog, "No"); });
     EXPECT_TRUE(mWindow->close(false));
-    EXPECT_TRUE(*isSeen);
-    const auto isSeenAgain = onNextDialog([](QWidget&) {});
     EXPECT_TRUE(mWindow->close(false));
     EXPECT_TRUE(static_cast<QWidget*>(mWindow.get())->close());
-    EXPECT_FALSE(*isSeenAgain);
 }
 
 TEST_F(GUI_RootWindowQuestionTest, AReleasedWindowIsNeitherClosedNorShownAgain)
 {
     auto* const window = Window::New();
     window->show();
-    const auto isSeen = onNextDialog([](QWidget&) {});
+    DialogAnswers noDialogs;
     {
         const GUI_EventScope scope;
         window->Delete();
@@ -268,18 +261,16 @@ TEST_F(GUI_RootWindowQuestionTest, AReleasedWindowIsNeitherClosedNorShownAgain)
         EXPECT_TRUE(window->isHidden());
     }
     settle();
-    EXPECT_FALSE(*isSeen);
 }
 
 TEST_F(GUI_RootWindowQuestionTest, AWindowShownAgainAsksAgain)
 {
-    auto isSeen = onNextDialog([](QWidget& dialog) { pressButton(dialog, "No"); });
+    DialogAnswers answers;
+    answers.add<QDialog>([](QDialog& dialog) { pressButton(dialog, "No"); });
     EXPECT_TRUE(mWindow->close(false));
-    EXPECT_TRUE(*isSeen);
     mWindow->show();
-    isSeen = onNextDialog([](QWidget& dialog) { pressButton(dialog, "Yes"); });
+    answers.add<QDialog>([](QDialog& dialog) { pressButton(dialog, "Yes"); });
     EXPECT_TRUE(mWindow->close(false));
-    EXPECT_TRUE(*isSeen);
     EXPECT_EQ(mWindow->mSaves, 1);
 }
 
@@ -287,7 +278,8 @@ TEST_F(GUI_RootWindowQuestionTest, WhileTheQuestionIsOpenAnotherCloseIsNotBegun)
 {
     bool isRefused = false;
     bool isRefusedByQt = false;
-    const auto isSeen = onNextDialog([&](QWidget& dialog) {
+    DialogAnswers answers;
+    answers.add<QDialog>([&](QDialog& dialog) {
         isRefused = !mWindow->close(false);
         isRefusedByQt = !static_cast<QWidget*>(mWindow.get())->close();
         EXPECT_TRUE(mWindow->isVisible());
@@ -295,7 +287,6 @@ TEST_F(GUI_RootWindowQuestionTest, WhileTheQuestionIsOpenAnotherCloseIsNotBegun)
         pressButton(dialog, "Cancel");
     });
     EXPECT_FALSE(mWindow->close(false));
-    EXPECT_TRUE(*isSeen);
     EXPECT_TRUE(isRefused);
     EXPECT_TRUE(isRefusedByQt);
     EXPECT_TRUE(isUntouched());
@@ -306,12 +297,12 @@ TEST_F(GUI_RootWindowQuestionTest, WindowsReleasedWhileTheQuestionIsOpenLiveUnti
     auto* const window = Window::New();
     const QPointer<QWidget> life = window;
     window->show();
-    const auto isSeen = onNextDialog([window](QWidget& dialog) {
+    DialogAnswers answers;
+    answers.add<QDialog>([window](QDialog& dialog) {
         window->Delete();
         pressButton(dialog, "No");
     });
     EXPECT_TRUE(window->close(false));
-    EXPECT_TRUE(*isSeen);
     settle();
     EXPECT_TRUE(life.isNull());
 }

@@ -6,7 +6,7 @@
 #include "geometry/GEO_ClassFactory.h"
 #include "gui/GUI_RootVBoxLayout.h"
 #include "support/Description.h"
-#include "support/Dialogs.h"
+#include "support/DialogAnswers.h"
 #include "support/Printed.h"
 #include "support/TestDirectory.h"
 #include "support/TestWindows.h"
@@ -1272,22 +1272,17 @@ TEST_F(GUI2D_DrawPanelTest, PrintingAsksForThePrinter)
     const TestDirectory directory;
     int painted = 0;
     mPanel->mPaint = [&] { ++painted; };
-    const auto refused = onNextDialog([&](QWidget& dialog) {
-        EXPECT_NE(qobject_cast<QPrintDialog*>(&dialog), nullptr);
-        dynamic_cast<QDialog&>(dialog).reject();
-    });
+    DialogAnswers answers;
+    answers.add<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
     mPanel->print();
-    EXPECT_TRUE(*refused);
     EXPECT_EQ(painted, 0);
 
-    const auto accepted = onNextDialog([&](QWidget& dialog) {
-        auto& question = dynamic_cast<QPrintDialog&>(dialog);
+    answers.add<QPrintDialog>([&](QPrintDialog& question) {
         question.printer()->setOutputFormat(QPrinter::PdfFormat);
         question.printer()->setOutputFileName(QString::fromStdString(directory.file("a.pdf")));
         question.done(QDialog::Accepted);
     });
     mPanel->print();
-    EXPECT_TRUE(*accepted);
     EXPECT_GT(painted, 0);
     EXPECT_EQ(directory.read("a.pdf").substr(0, 5), "%PDF-");
 }
@@ -1453,15 +1448,14 @@ TEST_F(GUI2D_DrawPanelWindowTest, AFileMayTurnTheStatusBarOff)
 TEST_F(GUI2D_DrawPanelWindowTest, TheWindowMayCloseWhileThePrinterIsChosen)
 {
     const TestDirectory directory;
-    const auto accepted = onNextDialog([&](QWidget& dialog) {
-        auto& question = dynamic_cast<QPrintDialog&>(dialog);
+    DialogAnswers answers;
+    answers.add<QPrintDialog>([&](QPrintDialog& question) {
         question.printer()->setOutputFormat(QPrinter::PdfFormat);
         question.printer()->setOutputFileName(QString::fromStdString(directory.file("a.pdf")));
         mFamily.release();
         question.done(QDialog::Accepted);
     });
     mPanel->print();
-    EXPECT_TRUE(*accepted);
     settle();
     EXPECT_EQ(directory.read("a.pdf").substr(0, 5), "%PDF-");
 }

@@ -1,7 +1,7 @@
 #include "quorvexGui/QVG_ActionHelp.h"
 
 #include "quorvexGui/TestMainWindow.h"
-#include "support/Dialogs.h"
+#include "support/DialogAnswers.h"
 
 #include <QMessageBox>
 
@@ -15,13 +15,13 @@ TEST(QVG_ActionHelp, AboutShowsTheTextOfItsFile)
     window.directory().write("about.txt", "Pulses in resonant media.");
     std::string title;
     std::string text;
-    const auto seen = onNextDialog([&title, &text](QWidget& dialog) {
+    DialogAnswers answers;
+    answers.add<QMessageBox>([&title, &text](QMessageBox& dialog) {
         title = dialog.windowTitle().toStdString();
-        text = dynamic_cast<QMessageBox&>(dialog).text().toStdString();
+        text = dialog.text().toStdString();
     });
     window.action(QVG_MainMenu::HELP, 1).trigger();
     GUI_Application::DOC_PATH = former;
-    EXPECT_TRUE(*seen);
     EXPECT_EQ(title, "About");
     EXPECT_EQ(text, "Pulses in resonant media.");
 }
@@ -39,8 +39,7 @@ TEST(QVG_ActionHelp, AboutOutsideAMenuDoesNothing)
 {
     const TestMainWindow window;
     const COM_Scoped about(QVG_ActionHelp::New(QVG_ActionHelp::ABOUT_TYPE));
-    const auto unseen = onNextDialog([](QWidget&) {});
+    DialogAnswers noDialogs;
     about->toDo();
     QCoreApplication::processEvents();
-    EXPECT_FALSE(*unseen);
 }

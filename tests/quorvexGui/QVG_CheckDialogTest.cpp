@@ -1,7 +1,7 @@
 #include "quorvexGui/QVG_CheckDialog.h"
 
 #include "quorvexGui/TestMainWindow.h"
-#include "support/Dialogs.h"
+#include "support/DialogAnswers.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -33,7 +33,8 @@ TEST(QVG_CheckDialog, TheUserIsAskedAboutWhatHarms)
 {
     const TestMainWindow window;
     bool isWanted = false;
-    const auto seen = onNextDialog([](QWidget& dialog) {
+    DialogAnswers answers;
+    answers.add<QDialog>([](QDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Check of the Problem");
         EXPECT_EQ(dialog.findChild<QTextBrowser*>()->toPlainText(),
                   "harms\nC.F.L. = 0: no length.");
@@ -43,14 +44,14 @@ TEST(QVG_CheckDialog, TheUserIsAskedAboutWhatHarms)
         pressButton(dialog, "Yes");
     });
     isWanted = QVG_CheckDialog::ask(*window, {harm});
-    EXPECT_TRUE(*seen);
     EXPECT_TRUE(isWanted);
 }
 
 TEST(QVG_CheckDialog, WhatStopsLeavesNoChoice)
 {
     const TestMainWindow window;
-    const auto seen = onNextDialog([](QWidget& dialog) {
+    DialogAnswers answers;
+    answers.add<QDialog>([](QDialog& dialog) {
         EXPECT_EQ(dialog.findChild<QTextBrowser*>()->toPlainText(),
                   "stops\nDimension = 0: too few.\nharms\nC.F.L. = 0: no length.");
         EXPECT_TRUE(dialog.findChildren<QLabel*>().empty());
@@ -58,7 +59,6 @@ TEST(QVG_CheckDialog, WhatStopsLeavesNoChoice)
         pressButton(dialog, "Close");
     });
     EXPECT_FALSE(QVG_CheckDialog::ask(*window, {stop, harm}));
-    EXPECT_TRUE(*seen);
 }
 
 TEST(QVG_CheckDialog, NoEscapeReturnAndTheTitleBarSayNo)
@@ -74,8 +74,8 @@ TEST(QVG_CheckDialog, NoEscapeReturnAndTheTitleBarSayNo)
         },
         [](QWidget& dialog) { dialog.close(); }};
     for (const auto& refusal : refusals) {
-        const auto seen = onNextDialog(refusal);
+        DialogAnswers answers;
+        answers.add<QDialog>(refusal);
         EXPECT_FALSE(QVG_CheckDialog::ask(*window, {harm}));
-        EXPECT_TRUE(*seen);
     }
 }

@@ -4,7 +4,6 @@
 #include "gui/GUI_Action.h"
 #include "gui/GUI_ToolBar.h"
 #include "quorvexGui/TestMainWindow.h"
-#include "support/Dialogs.h"
 
 #include <QColor>
 #include <QIcon>

@@ -14,7 +14,7 @@
 #include "quorvexGui/TestTextWindow.h"
 #include "support/ChildProcess.h"
 #include "support/Description.h"
-#include "support/Dialogs.h"
+#include "support/DialogAnswers.h"
 #include "support/TestObject.h"
 
 #include <QRect>
@@ -185,9 +185,8 @@ TEST(QVG_MainWindow, OnlyAnOpenProjectIsAskedAboutOnExit)
 {
     const TestMainWindow window;
     window->show();
-    const auto unseen = onNextDialog([](QWidget&) {});
+    DialogAnswers noDialogs;
     EXPECT_TRUE(window->close(false));
-    EXPECT_FALSE(*unseen);
 }
 
 TEST(QVG_MainWindow, YesOnExitSavesTheProject)
@@ -197,12 +196,12 @@ TEST(QVG_MainWindow, YesOnExitSavesTheProject)
     std::filesystem::remove(window.file("parameters.xml"));
     window->show();
     std::string title;
-    const auto seen = onNextDialog([&title](QWidget& dialog) {
+    DialogAnswers answers;
+    answers.add<QDialog>([&title](QDialog& dialog) {
         title = dialog.windowTitle().toStdString();
         pressButton(dialog, "Yes");
     });
     EXPECT_TRUE(window->close(false));
-    EXPECT_TRUE(*seen);
     EXPECT_EQ(title, "Quit");
     EXPECT_TRUE(window.exists("parameters.xml"));
 }

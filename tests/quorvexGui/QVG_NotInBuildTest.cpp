@@ -2,7 +2,7 @@
 
 #include "gui/GUI_Action.h"
 #include "quorvexGui/TestMainWindow.h"
-#include "support/Dialogs.h"
+#include "support/DialogAnswers.h"
 
 #include <QMessageBox>
 
@@ -37,13 +37,13 @@ TEST_P(QVG_NotInBuildActionTest, TheActionSaysThatItsWindowIsNotInThisBuild)
     window->getMenu()->updateStateMenus();
     std::string title;
     std::string text;
-    const auto seen = onNextDialog([&title, &text](QWidget& dialog) {
+    DialogAnswers answers;
+    answers.add<QMessageBox>([&title, &text](QMessageBox& dialog) {
         title = dialog.windowTitle().toStdString();
-        text = dynamic_cast<QMessageBox&>(dialog).text().toStdString();
+        text = dialog.text().toStdString();
         std::filesystem::remove("project/tps.res");
     });
     window.action(GetParam().mMenu, GetParam().mIndex).trigger();
-    EXPECT_TRUE(*seen);
     EXPECT_EQ(title, "Information");
     EXPECT_EQ(text, "This window is not in this build.");
     EXPECT_TRUE(window.children().empty());

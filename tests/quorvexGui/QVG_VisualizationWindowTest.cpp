@@ -16,7 +16,7 @@
 #include "quorvexGui/QVG_CaptorItemPanel.h"
 #include "quorvexGui/QVG_CaptorsSelectionPanel.h"
 #include "quorvexGui/QVG_VisualizationRootPanel.h"
-#include "support/Dialogs.h"
+#include "support/DialogAnswers.h"
 #include "support/TestWindows.h"
 #include "TestMainWindow.h"
 
@@ -690,12 +690,12 @@ TEST(QVG_VisualizationRootPanel, WithoutACurveAMessageSaysSoAndNoWindowIsLeft)
     results.click(Item::COMPO_Ex);
     std::string title;
     std::string text;
-    const auto seen = onNextDialog([&](QWidget& dialog) {
+    DialogAnswers answers;
+    answers.add<QMessageBox>([&](QMessageBox& dialog) {
         title = dialog.windowTitle().toStdString();
-        text = dynamic_cast<QMessageBox&>(dialog).text().toStdString();
+        text = dialog.text().toStdString();
     });
     results.visualize();
-    EXPECT_TRUE(*seen);
     EXPECT_EQ(title, "Visualization Empty:");
     EXPECT_EQ(text, "No curve selected !");
     EXPECT_TRUE(results.windows<GUI2D_PlotterWindow>().empty());
@@ -705,11 +705,10 @@ TEST(QVG_VisualizationRootPanel, AnEmptyListShowsTheMessageToo)
 {
     const TestResults results("");
     results.open();
-    const auto seen = onNextDialog([](QWidget& dialog) {
-        EXPECT_EQ(dynamic_cast<QMessageBox&>(dialog).text(), "No curve selected !");
-    });
+    DialogAnswers answers;
+    answers.add<QMessageBox>(
+        [](QMessageBox& dialog) { EXPECT_EQ(dialog.text(), "No curve selected !"); });
     results.visualize();
-    EXPECT_TRUE(*seen);
     EXPECT_TRUE(results.windows<GUI2D_PlotterWindow>().empty());
 }
 
@@ -717,9 +716,9 @@ TEST(QVG_VisualizationRootPanel, PlotsTheResultsOfARun)
 {
     TestMainWindow window;
     window.createSmallProject();
-    const auto seen = onNextDialog([](QWidget&) {});
+    DialogAnswers answers;
+    answers.add<QDialog>([](QDialog&) {});
     printedBy([&] { window.action(QVG_MainMenu::RUN, 0).trigger(); });
-    EXPECT_TRUE(*seen);
     ASSERT_TRUE(window.exists("captors.res"));
     window.action(QVG_MainMenu::VISUALIZE, 0).trigger();
     const COM_Scoped children(COM_Array<GUI_ChildWindow>::New());

@@ -1,7 +1,10 @@
 #pragma once
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QList>
 #include <QPointer>
+#include <QString>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -67,3 +70,16 @@ private:
     QPointer<QDialog> mCurrent; ///< The one that is being answered.
     QTimer mTimer;
 };
+
+/// Presses the button of that text, its "&" left out. A dialog without it fails the test.
+inline void pressButton(const QWidget& dialog, const QString& text)
+{
+    const QList<QAbstractButton*> buttons = dialog.findChildren<QAbstractButton*>();
+    for (QAbstractButton* const button : buttons) {
+        if (button->text().remove('&') == text) {
+            button->click();
+            return;
+        }
+    }
+    ADD_FAILURE() << "no button " << text.toStdString();
+}
