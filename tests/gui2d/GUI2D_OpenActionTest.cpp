@@ -55,9 +55,7 @@ TEST(GUI2D_OpenAction, EachPlotHasItsOwnWindow)
     plot.trigger("&Legends");
     other->getMenu()->getMenu("&Edit")->getAction("&Legends")->trigger();
     EXPECT_EQ(plot.children<GUI2D_LegendWindow>().size(), 1U);
-    const COM_Scoped windows(COM_Array<GUI_ChildWindow>::New());
-    other->getChildren(*windows);
-    EXPECT_EQ(windows->size(), 1U);
+    EXPECT_EQ(childrenOf<GUI_ChildWindow>(*other).size(), 1U);
 }
 
 TEST(GUI2D_OpenAction, TheyCloseWithThePlot)

@@ -11,9 +11,7 @@ TEST(QVG_ActionEditParameters, TheWindowOpensOnceAndIsThenRaised)
     GUI_Action& action = window.action(QVG_MainMenu::EDIT, 0);
     action.trigger();
     ASSERT_EQ(window.children(), std::vector<std::string>{"Options Window"});
-    const COM_Scoped windows(COM_Array<GUI_ChildWindow>::New());
-    window->getChildren(*windows);
-    GUI_ChildWindow& data = (*windows)[0];
+    GUI_ChildWindow& data = *childrenOf<GUI_ChildWindow>(*window).front();
     EXPECT_TRUE(data.isVisible());
     data.showMinimized();
     action.trigger();

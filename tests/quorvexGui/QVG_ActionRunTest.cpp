@@ -268,9 +268,8 @@ TEST(QVG_ActionRun, NotesAloneAreShownWithoutAQuestionUntilARunHasNone)
     EXPECT_EQ(report(window), "Information!|Execution succeeds.");
     ASSERT_EQ(window.children(), std::vector<std::string>{"Check of the Problem"});
     {
-        const COM_Scoped windows(COM_Array<GUI_ChildWindow>::New());
-        window->getChildren(*windows);
-        const QString text = (*windows)[0].findChild<QTextBrowser*>()->toPlainText();
+        const auto* const notes = window->findForm<QVG_CheckWindow>();
+        const QString text = notes->findChild<QTextBrowser*>()->toPlainText();
         EXPECT_TRUE(text.startsWith("notes\n")) << text.toStdString();
         EXPECT_TRUE(text.contains("Numerical Method = CN_Z: ")) << text.toStdString();
     }

@@ -14,11 +14,9 @@ const QV_ProblemCheck::Finding second{QV_ProblemCheck::NOTE, "C.F.L.", "2", "sec
 
 QString shown(const TestMainWindow& window)
 {
-    const COM_Scoped windows(COM_Array<GUI_ChildWindow>::New());
-    window->getChildren(*windows);
-    EXPECT_EQ(windows->size(), 1U);
-    return windows->size() == 0 ? QString()
-                                : (*windows)[0].findChild<QTextBrowser*>()->toPlainText();
+    const auto windows = childrenOf<GUI_ChildWindow>(*window);
+    EXPECT_EQ(windows.size(), 1U);
+    return windows.empty() ? QString() : windows[0]->findChild<QTextBrowser*>()->toPlainText();
 }
 
 } // namespace
@@ -49,9 +47,7 @@ TEST(QVG_CheckWindow, EscapeClosesIt)
 {
     const TestMainWindow window;
     QVG_CheckWindow::tell(*window, {first});
-    const COM_Scoped windows(COM_Array<GUI_ChildWindow>::New());
-    window->getChildren(*windows);
-    GUI_ChildWindow& notes = (*windows)[0];
+    GUI_ChildWindow& notes = *window->findForm<QVG_CheckWindow>();
     notes.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&notes));
     QTest::keyClick(&notes, Qt::Key_Escape);

@@ -262,13 +262,12 @@ TEST(QVG_FrequenciesWindow, ANewLevelsNumberShowsInTheOtherWindowsOfTheForms)
     TestFrequencies frequencies;
     frequencies.forms().click<Form>(Form::COMPO_PB_DENSITY);
     frequencies.forms().click<Form>(Form::COMPO_PB_POLARIZATION);
-    const COM_Scoped windows(COM_Array<GUI_ChildWindow>::New());
-    frequencies.forms().window().getChildren(*windows);
-    ASSERT_EQ(windows->size(), 3UL);
+    const auto windows = childrenOf<GUI_ChildWindow>(frequencies.forms().window());
+    ASSERT_EQ(windows.size(), 3UL);
     frequencies.type(Root::COMPO_SB_ELN, "5");
     for (const unsigned long i : {1UL, 2UL}) {
-        EXPECT_EQ((*windows)[i].findChild<GUI_Table*>()->rowCount(), 5);
-        EXPECT_EQ((*windows)[i].findChild<GUI_Table*>()->columnCount(), 5);
+        EXPECT_EQ(windows[i]->findChild<GUI_Table*>()->rowCount(), 5);
+        EXPECT_EQ(windows[i]->findChild<GUI_Table*>()->columnCount(), 5);
     }
 }
 

@@ -646,9 +646,7 @@ TEST(QVG_MainWindow, PlotsComeBackWithTheProjectWhereverItLies)
     ASSERT_EQ(window.children(),
               (std::vector<std::string>{"Options Window", "Quorvex Visualization",
                                         "Quorvex Visualization"}));
-    const COM_Scoped children(COM_Array<GUI_ChildWindow>::New());
-    window->getChildren(*children);
-    const auto& second = dynamic_cast<GUI2D_PlotterWindow&>((*children)[2]);
+    const GUI2D_PlotterWindow& second = *childrenOf<GUI2D_PlotterWindow>(*window)[1];
     EXPECT_TRUE(second.isVisible());
     EXPECT_EQ(second.pos(), QPoint(30, 40));
     EXPECT_EQ(second.size(), QSize(640, 480));
@@ -714,10 +712,9 @@ TEST(QVG_MainWindow, TheListIsReadUpToItsFirstDamagedLine)
     window->load(window.file("project.dpj"));
     ASSERT_EQ(window.children(),
               (std::vector<std::string>{"Options Window", "Quorvex Visualization"}));
-    const COM_Scoped children(COM_Array<GUI_ChildWindow>::New());
-    window->getChildren(*children);
-    EXPECT_LE((*children)[1].width(), (*children)[1].screen()->virtualSize().width());
-    EXPECT_GT((*children)[1].height(), 0);
+    const auto* const plot = window->findForm<GUI2D_PlotterWindow>();
+    EXPECT_LE(plot->width(), plot->screen()->virtualSize().width());
+    EXPECT_GT(plot->height(), 0);
 }
 
 // Whenever the power fails, a plot is missing or whole, and the list is the former or the new one.

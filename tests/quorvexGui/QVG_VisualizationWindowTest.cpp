@@ -721,25 +721,18 @@ TEST(QVG_VisualizationRootPanel, PlotsTheResultsOfARun)
     printedBy([&] { window.action(QVG_MainMenu::RUN, 0).trigger(); });
     ASSERT_TRUE(window.exists("captors.res"));
     window.action(QVG_MainMenu::VISUALIZE, 0).trigger();
-    const COM_Scoped children(COM_Array<GUI_ChildWindow>::New());
-    window->getChildren(*children);
-    QVG_VisualizationWindow* results = nullptr;
-    for (unsigned long i = 0; i < children->size(); ++i) {
-        if (auto* const found = dynamic_cast<QVG_VisualizationWindow*>(children->get(i))) {
-            results = found;
-        }
-    }
+    const auto* const results = window->findForm<QVG_VisualizationWindow>();
     ASSERT_NE(results, nullptr);
     dynamic_cast<Root&>(*results->getPanel()).visualize();
-    window->getChildren(*children);
-    const auto* const plot =
-        dynamic_cast<GUI2D_PlotterWindow*>(children->get(children->size() - 1));
+    const auto* const plot = window->findForm<GUI2D_PlotterWindow>();
     ASSERT_NE(plot, nullptr);
     const std::string captors = window.read("captors.res");
     ASSERT_EQ(static_cast<long>(plot->getPlotsNumber()),
               std::count(captors.begin(), captors.end(), '\n'));
     EXPECT_EQ(plot->getPlotter()->getCurves()[0].getPointsNumber(), 40UL);
-    EXPECT_GT(plot->getPlotter()->getCurves()[0].getYMaxAmplitude(), 0.0);
+    EXPECT_LT(plot->getPlotter()->getCurves()[0].getYMin(),
+              plot->getPlotter()->getCurves()[0].getYMax())
+        << "a field that never moves";
 }
 
 // ---------------------------------------------------------------- how it looks

@@ -111,14 +111,9 @@ public:
         }
     }
     /// The captions of the windows opened from the forms.
-    std::vector<std::string> details() const { return TestMainWindow::childrenOf(*mWindow); }
+    std::vector<std::string> details() const { return TestMainWindow::captionsOf(*mWindow); }
     /// The window opened first from the forms. Requires: there is one.
-    GUI_ChildWindow& detail() const
-    {
-        const COM_Scoped windows(COM_Array<GUI_ChildWindow>::New());
-        mWindow->getChildren(*windows);
-        return (*windows)[0];
-    }
+    GUI_ChildWindow& detail() const { return *childrenOf<GUI_ChildWindow>(*mWindow).front(); }
 
 private:
     TestMainWindow mMain;

@@ -15,6 +15,7 @@
 #include "support/EnglishTexts.h"
 #include "support/Printed.h"
 #include "support/TestDirectory.h"
+#include "support/TestWindows.h"
 #include "support/WorkingDirectory.h"
 
 #include <QApplication>
@@ -92,18 +93,16 @@ public:
         return *mWindow->getMenu()->getMenu(menu)->getAction(index);
     }
     /// The captions of a window's child windows, in the order of their making.
-    static std::vector<std::string> childrenOf(GUI_ParentWindow& window)
+    static std::vector<std::string> captionsOf(const GUI_ParentWindow& window)
     {
-        const COM_Scoped windows(COM_Array<GUI_ChildWindow>::New());
-        window.getChildren(*windows);
         std::vector<std::string> names;
-        for (unsigned long i = 0; i < windows->size(); ++i) {
-            names.push_back((*windows)[i].getName());
+        for (const GUI_ChildWindow* const child : childrenOf<GUI_ChildWindow>(window)) {
+            names.push_back(child->getName());
         }
         return names;
     }
     /// Those of the main window.
-    std::vector<std::string> children() const { return childrenOf(*mWindow); }
+    std::vector<std::string> children() const { return captionsOf(*mWindow); }
 
     /// A file's text with every identity number as "#".
     static std::string withoutIdentities(const std::string& text)
