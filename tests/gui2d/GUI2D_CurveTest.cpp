@@ -195,12 +195,7 @@ protected:
     GUI2D_CurvePictureTest()
     {
         mPlotter->resize(170, 80);
-        mPlotter->printGrid(false);
-        mPlotter->printAxes(false);
-        mPlotter->printTitle(false);
-        mPlotter->printXLabel(false);
-        mPlotter->printYLabel(false);
-        mPlotter->printScale(false);
+        printNothing(*mPlotter);
         mPlotter->showLegends(false);
         mPlotter->updateGraphicsArea();
         const COM_Scoped white(COM_Color::New(255, 255, 255));

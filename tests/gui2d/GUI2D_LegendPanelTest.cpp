@@ -70,19 +70,6 @@ private:
     GUI2D_LegendWindow* mWindow; ///< Held by the plotter window.
 };
 
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override
-    {
-        mNumber += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-
-    int mNumber = 0;
-};
-
 } // namespace
 
 TEST(GUI2D_LegendPanel, SubtitlesAndLegendsExcludeEachOther)
@@ -334,17 +321,15 @@ TEST(GUI2D_CurveItemPanel, RepaintsThePlotterAfterEachChange)
     const Legends legends(1);
     GUI2D_Plotter& plotter = legends.plot().plotter();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(plotter.window()));
-    settle();
-    PaintCounter paints(plotter);
+    Repaints repaints(plotter);
+    EXPECT_EQ(repaints.take(), 0);
     auto& name = legends.field<GUI_LineEdit>(Item::COMPO_NAME);
     auto& color = legends.field<GUI_ColorButton>(Item::COMPO_COLOR);
     auto& visible = legends.field<GUI_CheckBox>(Item::COMPO_VISIBLE);
     for (GUI_ActionComponent* const component :
          std::initializer_list<GUI_ActionComponent*>{&name, &color, &visible}) {
-        paints.mNumber = 0;
         legends.item().componentClicked(*component);
-        settle();
-        EXPECT_GT(paints.mNumber, 0) << component->getFlagId();
+        EXPECT_GT(repaints.take(), 0) << int(component->getFlagId());
     }
 }
 

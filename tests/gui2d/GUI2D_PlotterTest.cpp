@@ -44,12 +44,7 @@ class GUI2D_PlotterTest : public testing::Test
 protected:
     GUI2D_PlotterTest()
     {
-        mPlotter->printGrid(false);
-        mPlotter->printAxes(false);
-        mPlotter->printTitle(false);
-        mPlotter->printXLabel(false);
-        mPlotter->printYLabel(false);
-        mPlotter->printScale(false);
+        printNothing(*mPlotter);
         mPlotter->resize(400, 300);
         mPlotter->updateGraphicsArea();
     }
@@ -72,7 +67,7 @@ protected:
     {
         return static_cast<unsigned long>(mPlotter->getTextWidth(QString::fromStdString(text)));
     }
-    /// Whether any pixel of the row is of no grey.
+    /// Whether any pixel of the area is not grey.
     static bool hasColor(const QImage& picture, const QRect& area)
     {
         for (int y = area.top(); y <= area.bottom(); ++y) {

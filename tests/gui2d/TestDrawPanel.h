@@ -12,6 +12,17 @@
 #include <string>
 #include <vector>
 
+/// From now on the panel shows nothing but what `paintElements` draws, and legends.
+inline void printNothing(GUI2D_DrawPanel& panel)
+{
+    panel.printGrid(false);
+    panel.printAxes(false);
+    panel.printTitle(false);
+    panel.printXLabel(false);
+    panel.printYLabel(false);
+    panel.printScale(false);
+}
+
 /// A panel of known extent that paints what a test tells it to.
 class TestDrawPanel : public GUI2D_DrawPanel
 {
@@ -43,16 +54,7 @@ public:
         mXMax = xMax;
         mYMax = yMax;
     }
-    /// Nothing but what `paintElements` draws.
-    void printNothing()
-    {
-        printGrid(false);
-        printAxes(false);
-        printTitle(false);
-        printXLabel(false);
-        printYLabel(false);
-        printScale(false);
-    }
+    void printNothing() { ::printNothing(*this); }
     /// Of the paint that is under way.
     QTransform getPainterTransform() const { return getPainter()->worldTransform(); }
     using GUI2D_DrawPanel::getFontHeight;
