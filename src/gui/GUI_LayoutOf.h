@@ -1,8 +1,10 @@
 #pragma once
 #include "common/COM_Guard.h"
+#include "common/COM_Scoped.h"
 #include "gui/GUI_ChildLayout.h"
 #include "gui/GUI_Component.h"
 #include "gui/GUI_Grave.h"
+#include "gui/GUI_Label.h"
 #include "gui/GUI_ParentPanel.h"
 
 #include <QGridLayout>
@@ -10,6 +12,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <string>
 #include <type_traits>
 
 /// What all concrete layouts share: `QtLayout` (a box or a grid) arranges what `Layout`, the root or the
@@ -67,6 +70,16 @@ public:
             QtLayout::removeItem(layout);
             layout->QObject::setParent(nullptr);
         }
+    }
+
+    /// Puts a label of the panel into the first column of a row. The letter that it marks goes to `buddy`.
+    void addLabel(GUI_ParentPanel& panel, int row, const std::string& text,
+                  QWidget& buddy) requires IS_GRID
+    {
+        const COM_Scoped label(GUI_Label::New(panel, GUI_Label::NO_FIELD));
+        label->setLabel(text);
+        label->setBuddy(&buddy);
+        addToComponents(*label, row, 0);
     }
 
     /// Space that grows sideways, `size` pixels high.

@@ -8,7 +8,6 @@
 #include "gui/GUI_File.h"
 #include "gui/GUI_GridLayout.h"
 #include "gui/GUI_HBoxLayout.h"
-#include "gui/GUI_Label.h"
 #include "gui/GUI_LineEdit.h"
 #include "gui/GUI_Message.h"
 #include "gui/GUI_NewProjectWindow.h"
@@ -40,13 +39,10 @@ void GUI_NewProjectPanel::initComponents()
     const COM_Scoped ok(GUI_Button::New(*this, COMPO_OK));
     const auto addField = [this, &fields, &ok](int row, const std::string& text,
                                                unsigned char flag) {
-        const COM_Scoped label(GUI_Label::New(*this, GUI_Label::NO_FIELD));
         const COM_Scoped field(GUI_LineEdit::New(*this, flag));
-        label->setLabel(text);
-        label->setBuddy(field.get());
+        fields->addLabel(*this, row, text, *field);
         field->setValue("");
         field->setTooltipText(text);
-        fields->addToComponents(*label, row, 0);
         fields->addToComponents(*field, row, 1);
         connect(field.get(), &QLineEdit::returnPressed, ok.get(), &QPushButton::click);
         return field.get();

@@ -62,12 +62,6 @@ void GUI_PreferencesRootPanel::initComponents()
     layout->addToChildren(*buttons, 2, 0);
     layout->setRowStretch(1, 1);
 
-    const auto addLabel = [this, &fields](int row, const std::string& text, QWidget& buddy) {
-        const COM_Scoped label(GUI_Label::New(*this, GUI_Label::NO_FIELD));
-        label->setLabel(text);
-        label->setBuddy(&buddy);
-        fields->addToComponents(*label, row, 0);
-    };
     for (int i = 0; i < rowsNumber; ++i) {
         const std::string text = translate(ROWS[i].mLabel);
         const COM_Scoped field(GUI_LineEdit::New(*this, ROWS[i].mField));
@@ -75,7 +69,7 @@ void GUI_PreferencesRootPanel::initComponents()
         field->setTooltipText(text);
         button->setLabel("...");
         button->setTooltipText(text);
-        addLabel(i, text, *field);
+        fields->addLabel(*this, i, text, *field);
         fields->addToComponents(*field, i, 1);
         fields->addToComponents(*button, i, 2);
         if (i == 0) {
@@ -87,7 +81,7 @@ void GUI_PreferencesRootPanel::initComponents()
     languages->setLabel(translate("Language"));
     languages->addItem(toQString(translate("English")));
     languages->addItem(toQString(translate("French")));
-    addLabel(rowsNumber, translate("Language"), *languages);
+    fields->addLabel(*this, rowsNumber, translate("Language"), *languages);
     fields->addToComponents(*languages, rowsNumber, 1);
 
     const COM_Scoped ok(GUI_Button::New(*this, COMPO_OK));

@@ -7,7 +7,6 @@
 #include "gui/GUI_CheckBox.h"
 #include "gui/GUI_ColorButton.h"
 #include "gui/GUI_Display.h"
-#include "gui/GUI_Label.h"
 #include "gui/GUI_LineEdit.h"
 #include "gui/GUI_RootGridLayout.h"
 #include "gui/GUI_UnknownAction.h"
@@ -51,20 +50,14 @@ void GUI2D_CurveItemPanel::initComponents()
     setLabel(translate("Curve"));
     const COM_Scoped layout(GUI_RootGridLayout::New(*this, 4, 2, margin, spacing));
     layout->setRowStretch(3, 1);
-    const auto addLabel = [this, &layout](int row, const std::string& text, QWidget& buddy) {
-        const COM_Scoped label(GUI_Label::New(*this, GUI_Label::NO_FIELD));
-        label->setLabel(text);
-        label->setBuddy(&buddy);
-        layout->addToComponents(*label, row, 0);
-    };
     const COM_Scoped name(GUI_LineEdit::New(*this, COMPO_NAME));
     name->setLabel("");
     name->setMinimumWidth(nameWidth * fontMetrics().averageCharWidth());
-    addLabel(0, translate("Name"), *name);
+    layout->addLabel(*this, 0, translate("Name"), *name);
     layout->addToComponents(*name, 0, 1);
 
     const COM_Scoped color(GUI_ColorButton::New(*this, COMPO_COLOR));
-    addLabel(1, translate("Color"), *color);
+    layout->addLabel(*this, 1, translate("Color"), *color);
     layout->addToComponents(*color, 1, 1);
 
     const COM_Scoped visible(GUI_CheckBox::New(*this, COMPO_VISIBLE));

@@ -6,7 +6,6 @@
 #include "common/COM_Scoped.h"
 #include "gui/GUI_ColorButton.h"
 #include "gui/GUI_Display.h"
-#include "gui/GUI_Label.h"
 #include "gui/GUI_LineEdit.h"
 #include "gui/GUI_RadioButton.h"
 #include "gui/GUI_RootGridLayout.h"
@@ -70,12 +69,9 @@ void GUI2D_OptionsPanel::initComponents()
     int number = 0;
     for (const Row& row : rows) {
         const COM_Scoped field(newField(row));
-        const COM_Scoped label(GUI_Label::New(*this, GUI_Label::NO_FIELD));
         field->setFlagId(row.mFlag);
         field->qtWidget()->setToolTip(toQString(translate(row.mLabel)));
-        label->setLabel(translate(row.mLabel));
-        label->setBuddy(field->qtWidget());
-        layout->addToComponents(*label, number, 0);
+        layout->addLabel(*this, number, translate(row.mLabel), *field->qtWidget());
         layout->addToComponents(*field, number, 1);
         ++number;
     }

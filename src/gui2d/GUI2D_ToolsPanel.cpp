@@ -49,12 +49,6 @@ void GUI2D_ToolsPanel::initComponents()
     const COM_Scoped layout(GUI_RootGridLayout::New(*this, buttonsRow + 2, 2, margin, spacing));
     layout->setColumnStretch(1, 1);
     layout->setRowStretch(buttonsRow + 1, 1);
-    const auto addLabel = [this, &layout](int row, const std::string& text, QWidget& buddy) {
-        const COM_Scoped label(GUI_Label::New(*this, GUI_Label::NO_FIELD));
-        label->setLabel(text);
-        label->setBuddy(&buddy);
-        layout->addToComponents(*label, row, 0);
-    };
     const auto addCheckBox = [this, &layout](int row, const std::string& text, unsigned char flag) {
         const COM_Scoped box(GUI_CheckBox::New(*this, flag));
         box->setLabel(text);
@@ -64,7 +58,7 @@ void GUI2D_ToolsPanel::initComponents()
         const COM_Scoped period(GUI_LineEdit::New(*this, flag));
         period->setLabel("");
         period->setToolTip(toQString(text));
-        addLabel(row, "\t" + text, *period);
+        layout->addLabel(*this, row, "\t" + text, *period);
         layout->addToComponents(*period, row, 1);
     };
     addCheckBox(0, translate("Log X"), COMPO_LOGX);
@@ -75,7 +69,7 @@ void GUI2D_ToolsPanel::initComponents()
     addPeriod(5, translate("Y FFT Period"), COMPO_FFTY_PERIOD);
 
     const COM_Scoped power(GUI_SpinBox::New(*this, COMPO_FFT2P));
-    addLabel(6, translate("FFT computed on the 2 power"), *power);
+    layout->addLabel(*this, 6, translate("FFT computed on the 2 power"), *power);
     const COM_Scoped powerRow(GUI_HBoxLayout::New());
     layout->addToChildren(*powerRow, 6, 1);
     powerRow->addToComponents(*power);

@@ -5,7 +5,6 @@
 #include "common/COM_Scoped.h"
 #include "gui/GUI_Display.h"
 #include "gui/GUI_GridLayout.h"
-#include "gui/GUI_Label.h"
 #include "gui/GUI_LineEdit.h"
 #include "gui/GUI_RadioButton.h"
 #include "gui/GUI_RootGridLayout.h"
@@ -53,15 +52,12 @@ void QVG_CaptorItemPanel::initComponents()
 void QVG_CaptorItemPanel::addField(GUI_GridLayout& grid, int row, const std::string& text,
                                    unsigned char flag)
 {
-    const COM_Scoped label(GUI_Label::New(*this, GUI_Label::NO_FIELD));
-    label->setLabel(text);
-    grid.addToComponents(*label, row, 0);
     const COM_Scoped field(GUI_LineEdit::New(*this, flag));
+    grid.addLabel(*this, row, text, *field);
     field->setLabel("");
     field->setReadOnly(true);
     field->setToolTip(toQString(text));
     field->setMinimumWidth(QVG_FormPanel::fieldWidth(*this));
-    label->setBuddy(field.get());
     grid.addToComponents(*field, row, 1);
 }
 
@@ -75,13 +71,10 @@ void QVG_CaptorItemPanel::addSwitch(GUI_GridLayout& grid, int row, const std::st
 
 void QVG_CaptorItemPanel::addSystem(GUI_GridLayout& grid, int row)
 {
-    const COM_Scoped label(GUI_Label::New(*this, GUI_Label::NO_FIELD));
-    label->setLabel(translate("Show Density of Bloch Equation"));
-    grid.addToComponents(*label, row, 0);
     const COM_Scoped box(GUI_SpinBox::New(*this, COMPO_BLOCH_NUMBER));
+    grid.addLabel(*this, row, translate("Show Density of Bloch Equation"), *box);
     box->setRange(1, maxSystem);
     box->setValue("1");
-    label->setBuddy(box.get());
     grid.addToComponents(*box, row, 1);
 }
 

@@ -97,10 +97,7 @@ void QVG_FrequenciesRootPanel::addGeneration()
 void QVG_FrequenciesRootPanel::addField(GUI_GridLayout& grid, int row, const std::string& text,
                                         GUI_ActionComponent& field)
 {
-    const COM_Scoped label(GUI_Label::New(*mGeneration, GUI_Label::NO_FIELD));
-    label->setLabel(text);
-    label->setBuddy(field.qtWidget());
-    grid.addToComponents(*label, row, 0);
+    grid.addLabel(*mGeneration, row, text, *field.qtWidget());
     field.qtWidget()->setFixedWidth(QVG_FormPanel::fieldWidth(*this));
     field.qtWidget()->setToolTip(toQString(text));
     grid.addToComponents(field, row, 1);
