@@ -5,6 +5,8 @@
 #include "gui/GUI_ListPanel.h"
 #include "gui/GUI_RootHBoxLayout.h"
 
+#include <algorithm>
+
 GUI_SelectionPanel::GUI_SelectionPanel(GUI_ParentPanel* parent)
     : GUI_FramePanel(parent)
     , mObjects(COM_Map<std::string, COM_Object>::New())
@@ -115,6 +117,23 @@ void GUI_SelectionPanel::setSelectedItem(int index)
     if (itemPanel != nullptr && object != nullptr) {
         itemPanel->setItem(*object);
     }
+}
+
+void GUI_SelectionPanel::selectFirst()
+{
+    GUI_ListPanel* const listPanel = getListPanel();
+    if (listPanel != nullptr && getObjectsNumber() > 0) {
+        listPanel->setCurrentIndex(0);
+        setSelectedItem(0);
+    }
+}
+
+std::string GUI_SelectionPanel::numberedName(const std::string& kind, unsigned long number,
+                                             unsigned long count)
+{
+    const std::string digits = std::to_string(number);
+    const std::size_t width = std::max(std::to_string(count).size(), digits.size());
+    return kind + " " + std::string(width - digits.size(), '0') + digits;
 }
 
 void GUI_SelectionPanel::sort()

@@ -41,6 +41,12 @@ public:
     COM_Object* getSelectedObject() const;
     /// Shows the object of that item in the editor. Without such an object the editor keeps what it shows.
     void setSelectedItem(int index);
+    /// Marks the first item in the list and shows it in the editor. Nothing in an empty list.
+    void selectFirst();
+    /// A name for one of `count` items: `kind` and a number from 1 on, with zeros in front up to the digits of
+    /// `count`, so that sorting by name keeps the order.
+    static std::string numberedName(const std::string& kind, unsigned long number,
+                                    unsigned long count);
 
     /// By name, ascending.
     void sort();

@@ -16,11 +16,8 @@ GUI2D_CurvesSelectionPanel::GUI2D_CurvesSelectionPanel(GUI_ParentPanel& parent,
     COM_TYPE(GUI2D_CurvesSelectionPanel);
     setLabel(translate("Curves"));
     initComponents(false, false);
-    const std::size_t width = std::to_string(curves.size()).size();
     for (unsigned long i = 0; i < curves.size(); ++i) {
-        const std::string number = std::to_string(i + 1);
-        addToItems(curves[i],
-                   translate("Curve") + " " + std::string(width - number.size(), '0') + number);
+        addToItems(curves[i], numberedName(translate("Curve"), i + 1, curves.size()));
     }
     showCurves();
 }

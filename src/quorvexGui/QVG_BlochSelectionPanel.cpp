@@ -24,10 +24,7 @@ void QVG_BlochSelectionPanel::setBlochs(const COM_Array<QV_Bloch>& blochs)
     for (unsigned long i = 0; i < blochs.size(); ++i) {
         addToItems(blochs[i], nameOf(i + 1));
     }
-    if (blochs.size() > 0) {
-        getListPanel()->setCurrentIndex(0);
-        setSelectedItem(0);
-    }
+    selectFirst();
 }
 
 COM_Object* QVG_BlochSelectionPanel::NewItem(std::string& name)

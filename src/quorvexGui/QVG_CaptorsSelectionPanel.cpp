@@ -1,6 +1,5 @@
 #include "quorvexGui/QVG_CaptorsSelectionPanel.h"
 
-#include "gui/GUI_ListPanel.h"
 #include "quorvexGui/QVG_Captor.h"
 #include "quorvexGui/QVG_CaptorItemPanel.h"
 
@@ -15,14 +14,6 @@ COM_Object* QVG_CaptorsSelectionPanel::NewItem(std::string& name)
 {
     name = translate("Captor") + " " + std::to_string(getObjectsNumber() + 1);
     return QVG_Captor::New();
-}
-
-void QVG_CaptorsSelectionPanel::selectFirst()
-{
-    if (getObjectsNumber() > 0) {
-        getListPanel()->setCurrentIndex(0);
-        setSelectedItem(0);
-    }
 }
 
 GUI_ItemPanel* QVG_CaptorsSelectionPanel::NewItemPanel()

@@ -9,8 +9,6 @@ class QVG_CaptorsSelectionPanel : public GUI_SelectionPanel
 public:
     /// A default captor, named by the number that follows that of the objects.
     COM_Object* NewItem(std::string& name) override;
-    /// Nothing in an empty list.
-    void selectFirst();
 
 protected:
     explicit QVG_CaptorsSelectionPanel(GUI_ParentPanel& parent);

@@ -14,18 +14,7 @@
 #include "quorvexGui/QVG_ResultsPlot.h"
 #include "quorvexGui/QVG_VisualizationWindow.h"
 
-#include <algorithm>
 #include <string>
-
-namespace {
-
-/// `text` with zeros in front, up to `size` digits.
-std::string padded(const std::string& text, std::size_t size)
-{
-    return std::string(size - std::min(size, text.size()), '0') + text;
-}
-
-} // namespace
 
 QVG_VisualizationRootPanel::QVG_VisualizationRootPanel(GUI_ParentWindow& window)
     : GUI_RootPanel(window)
@@ -69,9 +58,8 @@ QVG_CaptorsSelectionPanel* QVG_VisualizationRootPanel::createCaptorsPanel()
     QVG_CaptorsSelectionPanel* const panel = QVG_CaptorsSelectionPanel::New(*this);
     QV_Results results;
     results.readCaptors(getDirectory());
-    const std::size_t number = results.getCaptors().size();
-    const std::size_t digits = std::to_string(number).size();
-    std::size_t place = 0;
+    const unsigned long number = results.getCaptors().size();
+    unsigned long place = 0;
     for (const QV_Results::Captor& read : results.getCaptors()) {
         const COM_Scoped captor(QVG_Captor::New());
         captor->setLocation(read.mLocation);
@@ -81,7 +69,7 @@ QVG_CaptorsSelectionPanel* QVG_VisualizationRootPanel::createCaptorsPanel()
         captor->setBlochEquationsNumber(read.mBlochEquationsNumber);
         captor->setEDimension(read.mEDimension);
         panel->addToItems(*captor,
-                          translate("Captor") + " " + padded(std::to_string(++place), digits));
+                          GUI_SelectionPanel::numberedName(translate("Captor"), ++place, number));
     }
     panel->selectFirst();
     return panel;
