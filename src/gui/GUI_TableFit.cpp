@@ -48,7 +48,6 @@ QSize GUI_TableFit::wholeSize(const GUI_Table& table, int rows, int columns)
 void GUI_TableFit::fitWindow(GUI_ParentWindow& window, const GUI_Table& table, int rows,
                              int columns)
 {
-    constexpr int narrowest = 320; // room for a caption beside the buttons of the frame
     QMargins around;
     for (const QWidget* whole = table.parentWidget(); whole != nullptr;
          whole = whole->parentWidget()) {
@@ -59,10 +58,14 @@ void GUI_TableFit::fitWindow(GUI_ParentWindow& window, const GUI_Table& table, i
     }
     const int above = window.sizeHint().height() - table.sizeHint().height();
     const QSize inside = wholeSize(table, rows, columns);
-    const QSize size =
-        QSize(inside.width() + around.left() + around.right(), inside.height() + above)
-            .expandedTo(window.minimumSizeHint())
-            .expandedTo({narrowest, 0})
-            .boundedTo(window.screen()->availableSize());
-    window.setSize(size.width(), size.height());
+    setSize(window, {inside.width() + around.left() + around.right(), inside.height() + above});
+}
+
+void GUI_TableFit::setSize(GUI_ParentWindow& window, const QSize& size)
+{
+    constexpr int narrowest = 320; // room for a caption beside the buttons of the frame
+    const QSize fitting = size.expandedTo(window.minimumSizeHint())
+                              .expandedTo({narrowest, 0})
+                              .boundedTo(window.screen()->availableSize());
+    window.setSize(fitting.width(), fitting.height());
 }

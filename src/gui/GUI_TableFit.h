@@ -18,7 +18,10 @@ public:
     /// scroll bars if it has more.
     static QSize wholeSize(const GUI_Table& table, int rows, int columns);
 
-    /// Gives a window that holds the table the size at which so much of the table is whole, and its caption
-    /// too; at most that of the screen.
+    /// Gives a window that holds the table the size at which so much of the table is whole, by `setSize`.
     static void fitWindow(GUI_ParentWindow& window, const GUI_Table& table, int rows, int columns);
+
+    /// Gives the window this size, or the larger one that its contents and its caption need; at most that of
+    /// the screen.
+    static void setSize(GUI_ParentWindow& window, const QSize& size);
 };

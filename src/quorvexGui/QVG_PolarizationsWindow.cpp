@@ -6,8 +6,6 @@
 #include "quorvexGui/QVG_PolarizationPanel.h"
 #include "quorvexGui/QVG_PolarizationsRootPanel.h"
 
-#include <QScreen>
-
 QVG_PolarizationsWindow::QVG_PolarizationsWindow(GUI_ParentWindow& parent,
                                                  COM_Array<LA_RealMatrix>& polarizations)
     : GUI_ChildWindow(parent)
@@ -26,7 +24,6 @@ void QVG_PolarizationsWindow::initComponents(COM_Array<LA_RealMatrix>& polarizat
 void QVG_PolarizationsWindow::fit(const QVG_PolarizationsRootPanel& panel)
 {
     constexpr int cells = 5;
-    constexpr int narrowest = 320; // room for a caption beside the buttons of the frame
     QSize size = sizeHint();
     for (unsigned long i = 0; i < panel.getChildren().size(); ++i) {
         const GUI_Table& table =
@@ -35,6 +32,5 @@ void QVG_PolarizationsWindow::fit(const QVG_PolarizationsRootPanel& panel)
         size.rwidth() += missing.width();
         size.rheight() += i == 0 ? missing.height() : 0; // all have as many rows
     }
-    size = size.expandedTo({narrowest, 0}).boundedTo(screen()->availableSize());
-    setSize(size.width(), size.height());
+    GUI_TableFit::setSize(*this, size);
 }
