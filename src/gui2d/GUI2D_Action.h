@@ -14,7 +14,8 @@ public:
     void toDo() override;
 
 protected:
-    /// `speaker` is the class that the line on standard output names. No icon for an empty name.
+    /// `speaker` is the class that the line on standard output names: for some actions another one, whose
+    /// text they share. No icon for an empty name.
     GUI2D_Action(GUI_ParentWindow* window, const std::string& label, const std::string& speaker,
                  const std::string& icon = {});
     ~GUI2D_Action() override = default;

@@ -29,6 +29,6 @@ private:
     void addSwitch(unsigned char flag, const std::string& label);
     void showCurves(const GUI2D_Plotter& plotter);
 
-    GUI2D_CurvesSelectionPanel* mSelection =
-        nullptr; ///< A child panel; null before a plotter is shown.
+    /// Child 0, counted there; null before a plotter is shown.
+    GUI2D_CurvesSelectionPanel* mSelection = nullptr;
 };

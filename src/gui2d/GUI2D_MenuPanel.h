@@ -36,6 +36,6 @@ private:
     void createMoveMenu();
     static void addKeys(GUI_Action& action);
 
-    std::string
-        mEditName; ///< With which it was built: a translation asked for later may be another.
+    /// With which the menu was built: a translation asked for later may be another.
+    std::string mEditName;
 };

@@ -7,8 +7,8 @@ class LA_RealVector;
 /// Logarithms and Fourier transforms of all curves of a plotter.
 struct GUI2D_Transform
 {
-    bool mIsLogX =
-        false; ///< Decimal logarithm of the X values, after their Fourier transform if both are set.
+    /// Decimal logarithm of the X values, after their Fourier transform if both are set.
+    bool mIsLogX = false;
     bool mIsLogY = false;
     bool mIsFFTX = false; ///< Modulus of the Fourier transform of the last 2^n X values.
     bool mIsFFTY = false;

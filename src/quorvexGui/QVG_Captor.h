@@ -74,9 +74,8 @@ private:
     double mRelativePosition = 0.0;
     unsigned long mLastIndex = 0;
     unsigned long mEDimension = 1;
-    COM_Array<LA_IntegerMatrix>*
-        mShowRho;             ///< As long as there are matrices; null slots and those behind
-                              ///< the end have no marks. Counted, never null.
+    /// Marks by system; none in null slots and behind the end. Counted, never null.
+    COM_Array<LA_IntegerMatrix>* mShowRho;
     LA_RealVector* mPosition; ///< Dimensionless. Counted, never null.
     unsigned long mSystems = 1;
     unsigned long mRhoSize = 1;
