@@ -1,6 +1,6 @@
 #include "gui2d/GUI2D_Graduation.h"
 
-#include "gui2d/GUI2D_Mapping.h"
+#include "common/COM_Real.h"
 
 #include <cmath>
 
@@ -34,7 +34,7 @@ long GUI2D_Graduation::exponentFor(double extent)
     if (!std::isfinite(logarithm)) {
         return 0;
     }
-    long exponent = GUI2D_Mapping::toLong(std::floor(logarithm));
+    long exponent = COM_Real::toLong(std::floor(logarithm));
     if (std::abs(logarithm - static_cast<double>(exponent)) < std::log10(5.0)) {
         --exponent;
     }

@@ -1,4 +1,6 @@
 #pragma once
+#include "common/COM_Real.h"
+
 #include <QPoint>
 
 /// How the points of a plot fall on the pixels of its panel, and back.
@@ -66,6 +68,5 @@ struct GUI2D_Mapping
     /// The largest integer that is not above `value`. Not-a-number is 0, and pixels so far away that they
     /// could not be counted lie at 10^9.
     static int toPixel(double value);
-    /// `value` without its fraction; not-a-number is 0, and what exceeds a long becomes its limit.
-    static long toLong(double value);
+    static long toLong(double value) { return COM_Real::toLong(value); }
 };
