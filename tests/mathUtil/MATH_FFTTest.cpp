@@ -20,16 +20,6 @@ namespace {
 
 using Spectrum = std::vector<std::complex<double>>;
 
-std::vector<double> randomNumbers(unsigned long n)
-{
-    TestNumbers numbers(n);
-    std::vector<double> x(n);
-    for (double& value : x) {
-        value = numbers.next();
-    }
-    return x;
-}
-
 /// What stands in `out` before: a transform must leave nothing of it.
 LA_ComplexVector* newUsedVector()
 {

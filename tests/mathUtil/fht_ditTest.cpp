@@ -12,16 +12,6 @@
 
 namespace {
 
-std::vector<double> randomNumbers(unsigned long n)
-{
-    TestNumbers numbers(n);
-    std::vector<double> f(n);
-    for (double& value : f) {
-        value = numbers.next();
-    }
-    return f;
-}
-
 TEST(fht_dit, OneValueStaysAsItIs)
 {
     double f = 3.5;

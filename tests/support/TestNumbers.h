@@ -3,6 +3,7 @@
 #include <iterator>
 #include <limits>
 #include <random>
+#include <vector>
 
 /// Numbers between -1 and 1 that depend on the seed alone.
 class TestNumbers
@@ -28,3 +29,14 @@ public:
 private:
     std::mt19937_64 mEngine;
 };
+
+/// So many of them, with their number as the seed.
+inline std::vector<double> randomNumbers(unsigned long n)
+{
+    TestNumbers numbers(n);
+    std::vector<double> values(n);
+    for (double& value : values) {
+        value = numbers.next();
+    }
+    return values;
+}
