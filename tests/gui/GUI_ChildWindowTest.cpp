@@ -393,3 +393,43 @@ INSTANTIATE_TEST_SUITE_P(Place, GUI_ChildWindowEndTest, testing::Bool(),
                          [](const testing::TestParamInfo<bool>& row) {
                              return row.param ? "InAWorkspace" : "OnTheDesktop";
                          });
+
+TEST(GUI_ChildWindow, IsFoundByItsClassAndWhatIsAskedOfIt)
+{
+    const TestFamily family;
+    EXPECT_EQ(family.mRoot->findForm<CountingChild>(), nullptr);
+    family.addChild();
+    const COM_Scoped first(CountingChild::New(*family.mRoot));
+    const COM_Scoped second(CountingChild::New(*family.mRoot));
+    second->mCloses = 1;
+    EXPECT_EQ(family.mRoot->findForm<CountingChild>(), first.get());
+    EXPECT_EQ(family.mRoot->findForm<CountingChild>(
+                  [](const CountingChild& child) { return child.mCloses == 1; }),
+              second.get());
+    EXPECT_EQ(family.mRoot->findForm<CountingChild>(
+                  [](const CountingChild& child) { return child.mCloses == 2; }),
+              nullptr);
+}
+
+TEST(GUI_ChildWindow, IsOpenedOnceAndRaisedAfterThat)
+{
+    const TestFamily family;
+    int made = 0;
+    const auto make = [&made](GUI_ParentWindow& parent) {
+        ++made;
+        return GUI_ChildWindow::New(parent);
+    };
+    unsigned long id = 0;
+    family.mRoot->openForm(id, make);
+    GUI_ChildWindow* const child = family.mRoot->getChild(id);
+    ASSERT_NE(child, nullptr);
+    EXPECT_TRUE(child->isVisible());
+    child->hide();
+    family.mRoot->openForm(id, make);
+    EXPECT_TRUE(child->isVisible());
+    EXPECT_EQ(made, 1);
+    child->close(false);
+    family.mRoot->openForm(id, make);
+    EXPECT_EQ(made, 2);
+    EXPECT_NE(family.mRoot->getChild(id), nullptr);
+}

@@ -4,6 +4,7 @@
 #include "gui/GUI_CheckBox.h"
 #include "gui/GUI_FramePanel.h"
 #include "gui/GUI_RootHBoxLayout.h"
+#include "gui/GUI_SpinBox.h"
 #include "support/Printed.h"
 #include "support/TestPanel.h"
 
@@ -284,4 +285,43 @@ TEST(GUI_ParentPanel, HearsTheComponentsOfItsOwnLayoutTreeAlone)
     EXPECT_TRUE(panel->mFlags.empty());
     here.click();
     EXPECT_EQ(panel->mFlags, std::vector<int>{2});
+}
+
+TEST(GUI_ParentPanel, ShowsAValueByTheFlagOfItsComponent)
+{
+    const TestForm form;
+    auto& box = form.add<GUI_CheckBox>(3);
+    form->showValue(3, "1");
+    EXPECT_TRUE(box.isChecked());
+    form->showValue(3, "0");
+    EXPECT_FALSE(box.isChecked());
+    form->showValue(4, "1");
+    EXPECT_FALSE(box.isChecked());
+}
+
+TEST(GUI_ParentPanel, ShowingTheNumberOfABoxKeepsWhatIsBeingTypedIntoIt)
+{
+    const TestForm form;
+    auto& box = form.add<GUI_SpinBox>(3);
+    form->showValue(3, "7");
+    form.show();
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(&box, "12");
+    form->showValue(3, "7");
+    EXPECT_EQ(box.text(), "12");
+    form->showValue(3, "8");
+    EXPECT_EQ(box.text(), "8");
+}
+
+TEST(GUI_ParentPanel, EnablesAComponentByItsFlag)
+{
+    const TestForm form;
+    auto& box = form.add<GUI_CheckBox>(3);
+    form->enable(4, false);
+    EXPECT_TRUE(box.isEnabled());
+    form->enable(3, false);
+    EXPECT_FALSE(box.isEnabled());
+    form->enable(3, true);
+    EXPECT_TRUE(box.isEnabled());
 }

@@ -214,3 +214,21 @@ TEST_F(GUI_SelectionPanelTest, ReleasesItsObjects)
     panel->Delete();
     EXPECT_EQ(object->getReferenceCount(), 1);
 }
+
+TEST_F(GUI_SelectionPanelTest, TheFirstItemIsSelectedWhereThereIsOne)
+{
+    const COM_Scoped panel(SelectionOfObjects::New(root()));
+    panel->selectFirst();
+    EXPECT_EQ(panel->getSelectedObject(), nullptr);
+    panel->fill({"a", "b"});
+    panel->selectFirst();
+    EXPECT_EQ(list(*panel).currentRow(), 0);
+    EXPECT_EQ(panel->editor().getItem(), panel->getObject(0));
+}
+
+TEST(GUI_SelectionPanel, NumbersInNamesAreAsWideAsTheirCount)
+{
+    EXPECT_EQ(GUI_SelectionPanel::numberedName("Item", 9, 9), "Item 9");
+    EXPECT_EQ(GUI_SelectionPanel::numberedName("Item", 9, 10), "Item 09");
+    EXPECT_EQ(GUI_SelectionPanel::numberedName("Item", 12, 100), "Item 012");
+}
