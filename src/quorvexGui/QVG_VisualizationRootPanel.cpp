@@ -8,7 +8,6 @@
 #include "gui/GUI_RadioButton.h"
 #include "gui/GUI_RootVBoxLayout.h"
 #include "gui/GUI_RootWindow.h"
-#include "quorvex/QV_Results.h"
 #include "quorvexGui/QVG_Captor.h"
 #include "quorvexGui/QVG_CaptorsSelectionPanel.h"
 #include "quorvexGui/QVG_ResultsPlot.h"

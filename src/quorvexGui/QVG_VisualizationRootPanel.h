@@ -1,5 +1,6 @@
 #pragma once
 #include "gui/GUI_RootPanel.h"
+#include "quorvex/QV_Results.h"
 
 #include <string>
 
@@ -12,7 +13,8 @@ class QVG_VisualizationRootPanel : public GUI_RootPanel
 {
     COM_CLASS(QVG_VisualizationRootPanel)
 public:
-    static constexpr const char* CAPTORS_FILE = "captors.res";
+    // Names of the result files, or what stands before and behind the numbers in them. QV_Results reads them.
+    static constexpr const char* CAPTORS_FILE = QV_Results::CAPTORS_FILE;
     static constexpr const char* E_FILE = "E_at_";
     static constexpr const char* E_EXT = ".res";
     static constexpr const char* RHO_FILE = "Rho_Bloch";
