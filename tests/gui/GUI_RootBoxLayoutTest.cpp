@@ -66,3 +66,12 @@ TEST(GUI_RootVBoxLayout, PutsItsItemsOneBelowTheOther)
     EXPECT_GT(column.mSecond.top(), column.mFirst.bottom());
     EXPECT_EQ(column.mSecond.left(), column.mFirst.left());
 }
+
+TEST(GUI_RootVBoxLayout, TakesMarginAndSpacing)
+{
+    const COM_Scoped panel(TestPanel::New());
+    const COM_Scoped layout(GUI_RootVBoxLayout::New(*panel, 4, 9));
+    EXPECT_EQ(panel->getMainLayout(), layout.get());
+    EXPECT_EQ(layout->contentsMargins(), QMargins(4, 4, 4, 4));
+    EXPECT_EQ(layout->spacing(), 9);
+}
