@@ -13,7 +13,8 @@
 #include <benchmark/benchmark.h>
 #include <cmath>
 #include <cstdlib>
-#include <memory>
+#include <map>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -32,6 +33,27 @@ struct Case
         , mIsZoomed(state.range(2) != 0)
         , mIsLogarithmic(state.range(3) != 0)
     {}
+    std::vector<double> times() const
+    {
+        std::vector<double> times(mPoints);
+        for (long i = 0; i < mPoints; ++i) {
+            times[i] = 1e-15 * static_cast<double>(i);
+        }
+        return times;
+    }
+    /// The points of a curve. They are made once in this process: that takes longer than drawing them.
+    const std::vector<double>& values(long curve) const
+    {
+        static std::map<std::tuple<long, long, bool>, std::vector<double>> known;
+        std::vector<double>& values = known[{mPoints, curve, mIsLogarithmic}];
+        if (values.empty()) {
+            values.resize(mPoints);
+            for (long i = 0; i < mPoints; ++i) {
+                values[i] = value(curve, i);
+            }
+        }
+        return values;
+    }
     /// A pulse with its carrier, and a little of what a computer adds to it.
     double value(long curve, long point) const
     {
@@ -40,7 +62,6 @@ struct Case
         const double field = envelope * std::sin(3000.0 * t) + 1e-3 * std::sin(1e5 * t + curve);
         return mIsLogarithmic ? std::log10(std::fabs(field) + 1e-12) : field;
     }
-    double time(long point) const { return 1e-15 * static_cast<double>(point); }
 
     long mPoints;
     long mCurves;
@@ -68,17 +89,10 @@ public:
         layout->addPanel(*plotter);
         mPlotter = plotter.get();
         mPlotter->showLegends(false);
-        std::vector<double> x(what.mPoints);
-        std::vector<double> y(what.mPoints);
-        for (long i = 0; i < what.mPoints; ++i) {
-            x[i] = what.time(i);
-        }
+        const std::vector<double> x = what.times();
         for (long curve = 0; curve < what.mCurves; ++curve) {
-            for (long i = 0; i < what.mPoints; ++i) {
-                y[i] = what.value(curve, i);
-            }
             const COM_Scoped color(COM_Color::New(255 - 20 * static_cast<int>(curve), 0, 80));
-            mPlotter->addPlot(x, y, "Ex", *color);
+            mPlotter->addPlot(x, what.values(curve), "Ex", *color);
         }
         waitUntilShown(*mPanel);
         if (what.mIsZoomed) {
@@ -108,13 +122,11 @@ public:
         mPlot.setNotAntialiasedElements(QCP::aeAll);
         mPlot.xAxis->setLabel("Times");
         mPlot.yAxis->setLabel("E Fields");
+        const std::vector<double> times = what.times();
+        const QVector<double> x(times.begin(), times.end());
         for (long curve = 0; curve < what.mCurves; ++curve) {
-            QVector<double> x(what.mPoints);
-            QVector<double> y(what.mPoints);
-            for (long i = 0; i < what.mPoints; ++i) {
-                x[i] = what.time(i);
-                y[i] = what.value(curve, i);
-            }
+            const std::vector<double>& values = what.values(curve);
+            const QVector<double> y(values.begin(), values.end());
             QCPGraph* const graph = mPlot.addGraph();
             graph->setPen(QPen(QColor(255 - 20 * static_cast<int>(curve), 0, 80), 0));
             graph->setData(x, y, true);

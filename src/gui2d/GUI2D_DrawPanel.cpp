@@ -11,7 +11,6 @@
 #include "gui/GUI_EventScope.h"
 #include "gui/GUI_MenuPanel.h"
 #include "gui/GUI_ParentWindow.h"
-#include "gui/GUI_RootPanel.h"
 #include "gui2d/GUI2D_Clip.h"
 #include "gui2d/GUI2D_Graduation.h"
 #include "gui2d/GUI2D_Image.h"
@@ -53,7 +52,7 @@ void drawOutline(QPainter& painter, int x, int y, int width, int height)
 long exponentOf(double extent)
 {
     const double exponent = std::floor(std::log10(extent));
-    return std::isfinite(exponent) ? GUI2D_Mapping::toLong(exponent) : 0;
+    return std::isfinite(exponent) ? COM_Real::toLong(exponent) : 0;
 }
 
 bool isFinite(const GEO_Box& box)
@@ -378,8 +377,7 @@ void GUI2D_DrawPanel::zoomSelection()
 
 void GUI2D_DrawPanel::updateWindowMenus()
 {
-    GUI_RootPanel* const root = getRoot();
-    GUI_ParentWindow* const window = root != nullptr ? root->getWindow() : nullptr;
+    GUI_ParentWindow* const window = findWindow();
     if (GUI_MenuPanel* const menu = window != nullptr ? window->getMenu() : nullptr) {
         menu->updateStateMenus();
     }
@@ -565,37 +563,44 @@ std::array<unsigned long, 4> GUI2D_DrawPanel::getMargins() const
     return {mNorthSize, mSouthSize, mWestSize, mEastSize};
 }
 
-const QPixmap& GUI2D_DrawPanel::render(double pixelRatio)
+void GUI2D_DrawPanel::paintPasses(QPainter& painter)
 {
-    if (mPicture.size() != size() * pixelRatio) {
-        mPicture = QPixmap(size() * pixelRatio);
-    }
-    mPicture.setDevicePixelRatio(pixelRatio);
     updateGraphicsArea();
-    for (int pass = 0; pass < maxPasses && !mPicture.isNull(); ++pass) {
+    for (int pass = 0; pass < maxPasses; ++pass) {
         const std::array<unsigned long, 4> margins = getMargins();
         mRedraw = false;
-        mPicture.fill(getBackgroundColor());
-        QPainter painter(&mPicture);
+        painter.save();
+        painter.fillRect(rect(), getBackgroundColor());
         drawInPainter(painter);
+        painter.restore();
         updateGraphicsArea();
         if (!mRedraw || getMargins() == margins) {
             break;
         }
     }
     mRedraw = false;
-    return mPicture;
 }
 
+QPixmap GUI2D_DrawPanel::render()
+{
+    QPixmap picture(size());
+    if (!picture.isNull()) {
+        QPainter painter(&picture);
+        paintPasses(painter);
+    }
+    return picture;
+}
+
+// Widgets are painted aside and shown when they are done: no pass but the last is seen.
 void GUI2D_DrawPanel::paintEvent(QPaintEvent* /*event*/)
 {
-    const QPixmap& picture = render(devicePixelRatioF());
-    QPainter(this).drawPixmap(0, 0, picture);
+    QPainter painter(this);
+    paintPasses(painter);
 }
 
 bool GUI2D_DrawPanel::saveAsImage(const std::string& fileName)
 {
-    return GUI2D_Image::write(render(1.0).toImage(), fileName);
+    return GUI2D_Image::write(render().toImage(), fileName);
 }
 
 void GUI2D_DrawPanel::print()
@@ -613,7 +618,7 @@ void GUI2D_DrawPanel::print()
 bool GUI2D_DrawPanel::printOn(QPrinter& printer)
 {
     // Finds the margins if the panel was not painted yet.
-    if (render(1.0).isNull()) {
+    if (render().isNull()) {
         return false;
     }
     const double factor = std::min(static_cast<double>(printer.width()) / width(),
@@ -697,9 +702,8 @@ void GUI2D_DrawPanel::grow(unsigned long& margin, int width)
 QString GUI2D_DrawPanel::getScaleText(double value, unsigned char type) const
 {
     const unsigned long digits = mNbCharsAfterComa;
-    return toQString(type == INTEGER_SCALE_TYPE
-                         ? COM_Integer::toString(GUI2D_Mapping::toLong(value))
-                         : COM_Real::toString(value, digits + 1, digits));
+    return toQString(type == INTEGER_SCALE_TYPE ? COM_Integer::toString(COM_Real::toLong(value))
+                                                : COM_Real::toString(value, digits + 1, digits));
 }
 
 void GUI2D_DrawPanel::paintScales()
@@ -768,7 +772,7 @@ void GUI2D_DrawPanel::paintFactors()
     const int tenWidth = getTextWidth(ten);
     const int height = getFontHeight();
     const auto exponent = [](double factor) {
-        return toQString(COM_Integer::toString(GUI2D_Mapping::toLong(factor)));
+        return toQString(COM_Integer::toString(COM_Real::toLong(factor)));
     };
     if (mPXFactor != 0.0) {
         const QString power = exponent(mPXFactor);
@@ -864,8 +868,7 @@ void GUI2D_DrawPanel::mouseMoveEvent(QMouseEvent* event)
 
 void GUI2D_DrawPanel::showPoint(const QPoint& pixel)
 {
-    GUI_RootPanel* const root = getRoot();
-    GUI_ParentWindow* const window = root != nullptr ? root->getWindow() : nullptr;
+    GUI_ParentWindow* const window = findWindow();
     if (window == nullptr) {
         return;
     }

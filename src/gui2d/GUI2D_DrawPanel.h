@@ -6,7 +6,6 @@
 #include "metaModel/MM_Class.h"
 
 #include <QColor>
-#include <QPixmap>
 #include <QPoint>
 #include <QString>
 
@@ -17,6 +16,7 @@ class COM_Color;
 class GEO_Box;
 class GEO_Point;
 class QPainter;
+class QPixmap;
 class QPrinter;
 
 /// A rectangle of model space on a panel: grid, axes, graduated scales, a title, labels, and in the middle
@@ -243,9 +243,10 @@ private:
     /// Pixels show model points: the graphics area has a size.
     bool isScaled() const;
 
-    /// Paints the panel again while its margins change, though not for ever, and gives the last picture, which
-    /// stays until the next is painted. Null where the panel has no size.
-    const QPixmap& render(double pixelRatio);
+    /// Paints the panel, and again while its margins change, though not for ever.
+    void paintPasses(QPainter& painter);
+    /// A picture of the panel, pixel by pixel. Null where the panel has no size.
+    QPixmap render();
     /// The margins, by which passes are compared.
     std::array<unsigned long, 4> getMargins() const;
     /// Makes a margin at least this wide.
@@ -328,7 +329,6 @@ private:
     COM_Array<GEO_Box>* mDrawingBoxes; ///< Every view visited. Counted.
     QPainter* mPainter = nullptr; ///< Of the last paint; only good while `mPainting`. Borrowed.
     bool mPainting = false;
-    QPixmap mPicture; ///< The last one, kept for its memory.
     mutable GUI2D_Texts mTexts;
     int mWheelAngle = 0; ///< Turned since the last notch, in eighths of a degree.
 };

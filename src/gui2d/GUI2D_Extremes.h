@@ -19,8 +19,8 @@ public:
         }
     };
 
-    static constexpr std::size_t BLOCK =
-        16; ///< Values in a block, and blocks in the next larger one.
+    /// Values in a block, and blocks in the next larger one.
+    static constexpr std::size_t BLOCK = 16;
 
     GUI2D_Extremes() = default;
     /// Borrows the values.

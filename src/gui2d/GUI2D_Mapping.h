@@ -1,6 +1,4 @@
 #pragma once
-#include "common/COM_Real.h"
-
 #include <QPoint>
 
 /// How the points of a plot fall on the pixels of its panel, and back.
@@ -68,5 +66,4 @@ struct GUI2D_Mapping
     /// The largest integer that is not above `value`. Not-a-number is 0, and pixels so far away that they
     /// could not be counted lie at 10^9.
     static int toPixel(double value);
-    static long toLong(double value) { return COM_Real::toLong(value); }
 };

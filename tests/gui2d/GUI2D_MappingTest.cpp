@@ -89,14 +89,3 @@ TEST(GUI2D_Mapping, PixelsThatCannotBeCountedLieFarAway)
     EXPECT_EQ(GUI2D_Mapping::toPixel(999999999.9), 999999999);
     EXPECT_EQ(GUI2D_Mapping::toPixel(-0.5), -1);
 }
-
-TEST(GUI2D_Mapping, IntegersLoseTheFractionAndStayWithinTheirRange)
-{
-    EXPECT_EQ(GUI2D_Mapping::toLong(-2.7), -2);
-    EXPECT_EQ(GUI2D_Mapping::toLong(2.7), 2);
-    EXPECT_EQ(GUI2D_Mapping::toLong(notANumber), 0);
-    EXPECT_EQ(GUI2D_Mapping::toLong(infinity), std::numeric_limits<long>::max());
-    EXPECT_EQ(GUI2D_Mapping::toLong(9223372036854775808.0), std::numeric_limits<long>::max());
-    EXPECT_EQ(GUI2D_Mapping::toLong(9223372036854774784.0), 9223372036854774784L);
-    EXPECT_EQ(GUI2D_Mapping::toLong(-1e300), std::numeric_limits<long>::min());
-}
