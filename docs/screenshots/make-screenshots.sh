@@ -211,4 +211,10 @@ for language in ${LANGUAGES:-fr en}; do
 done
 mogrify -strip +set date:create +set date:modify -colors 256 "$SHOTS"/*.png
 cp "$SHOTS"/*.png "$out"
+if [ "$out" = "$here" ]; then
+    # The manual shows some of them.
+    for picture in "$top"/src/data/doc/quorvexGui/html/images/*.png; do
+        [ ! -f "$SHOTS/${picture##*/}" ] || cp "$SHOTS/${picture##*/}" "$picture"
+    done
+fi
 echo "$(find "$SHOTS" -name '*.png' | wc -l) pictures"
