@@ -15,11 +15,9 @@
 
 namespace {
 
-/// "" unless it is a file.
-QString filePath(const QString& name)
+bool isFile(const QString& path)
 {
-    const QFileInfo file(name);
-    return file.isFile() ? QDir::cleanPath(file.absoluteFilePath()) : QString();
+    return QFileInfo(path).isFile();
 }
 
 } // namespace
@@ -70,7 +68,7 @@ bool GUI_BrowserEdit::follow(const QUrl& link)
         return false;
     }
     const QString page = link.toLocalFile();
-    if (filePath(page).isEmpty()) {
+    if (!isFile(page)) {
         tell(translate("The file can not be loaded") + ": " + toTString(page));
         return false;
     }
@@ -81,34 +79,31 @@ bool GUI_BrowserEdit::follow(const QUrl& link)
 
 QUrl GUI_BrowserEdit::addressOf(const QString& name) const
 {
-    const QString page = findPage(name);
-    if (!page.isEmpty()) {
-        return QUrl::fromLocalFile(page);
-    }
+    const QString path = pathOf(name);
     const QUrl link(name);
-    if (!link.scheme().isEmpty()) {
+    if (!isFile(path) && !link.scheme().isEmpty()) {
         return link;
     }
+    QUrl address = QUrl::fromLocalFile(path);
     const qsizetype hash = name.lastIndexOf('#');
-    const QString beforeAnchor = hash < 0 ? QString() : findPage(name.left(hash));
-    if (!beforeAnchor.isEmpty()) {
-        QUrl place = QUrl::fromLocalFile(beforeAnchor);
-        place.setFragment(name.mid(hash + 1));
-        return place;
+    if (!isFile(path) && hash > 0) {
+        address = QUrl::fromLocalFile(pathOf(name.left(hash)));
+        address.setFragment(name.mid(hash + 1));
     }
-    return QUrl::fromLocalFile(name);
+    return address;
 }
 
-QString GUI_BrowserEdit::findPage(const QString& name) const
+QString GUI_BrowserEdit::pathOf(const QString& name) const
 {
-    if (source().isLocalFile() && QFileInfo(name).isRelative()) {
+    const QFileInfo file(name);
+    if (source().isLocalFile() && file.isRelative()) {
         const QDir besidePage = QFileInfo(source().toLocalFile()).dir();
-        const QString page = filePath(besidePage.filePath(name));
-        if (!page.isEmpty() || !name.contains('/')) {
-            return page;
+        const QString path = QDir::cleanPath(besidePage.filePath(name));
+        if (isFile(path) || !name.contains('/')) {
+            return path;
         }
     }
-    return filePath(name);
+    return QDir::cleanPath(file.absoluteFilePath());
 }
 
 std::string GUI_BrowserEdit::getContext() const
@@ -173,7 +168,8 @@ QVariant GUI_BrowserEdit::loadResource(int type, const QUrl& name)
     const QByteArray text = file.readAll();
     // A page without a character is none for Qt, a plain text is no HTML.
     if (text.isEmpty() || file.fileName().endsWith(".txt", Qt::CaseInsensitive)) {
-        return "<pre>" + QString::fromUtf8(text).toHtmlEscaped() + "</pre>";
+        return "<pre style=\"white-space: pre-wrap\">" + QString::fromUtf8(text).toHtmlEscaped()
+               + "</pre>";
     }
     return text;
 }

@@ -51,8 +51,8 @@ private:
     bool follow(const QUrl& link);
     /// The address that a typed or chosen name stands for.
     QUrl addressOf(const QString& name) const;
-    /// The path of an existing file of that name, or empty.
-    QString findPage(const QString& name) const;
+    /// Where a page of that name is, or would be.
+    QString pathOf(const QString& name) const;
     /// Shows the text in the status bar of the window; empty clears it.
     void tell(const std::string& text) const;
     GUI_ParentWindow* findWindow() const;

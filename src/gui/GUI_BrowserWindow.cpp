@@ -24,12 +24,19 @@ constexpr qsizetype historyLength = 20;
 QStringList readList(const std::string& fileName)
 {
     QFile file(GUI_Object::toQString(fileName));
-    QStringList list;
     if (!file.open(QIODevice::ReadOnly)) {
-        return list;
+        return {};
     }
     QDataStream stream(&file);
     stream.setVersion(QDataStream::Qt_3_1);
+    quint32 count = 0;
+    stream >> count;
+    // Qt takes the memory for so many at once, however short the file is. Each begins with its length.
+    if (count > file.size() / static_cast<qint64>(sizeof(quint32))) {
+        return {};
+    }
+    file.seek(0);
+    QStringList list;
     stream >> list;
     return stream.status() == QDataStream::Ok ? list : QStringList();
 }
