@@ -1,7 +1,9 @@
 #pragma once
 #include "gui/GUI_RootAction.h"
 
-/// Tells what the program is. For the manual there is no window in this build, and the user is told so.
+#include <string>
+
+/// Tells what the program is, or opens its manual, each time in a window of its own.
 class QVG_ActionHelp : public GUI_RootAction
 {
     COM_CLASS(QVG_ActionHelp)
@@ -16,5 +18,8 @@ protected:
     ~QVG_ActionHelp() override = default;
 
 private:
+    /// The first page of the manual: the French one for French texts, if there is one.
+    static std::string getManual();
+
     unsigned char mType; ///< `ABOUT_TYPE` or `MANUAL_TYPE`.
 };
