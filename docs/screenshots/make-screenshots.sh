@@ -24,6 +24,13 @@ word() {
     fi
 }
 
+# manual: the title of its first page in the present language
+manual() {
+    local page=index.html
+    [ "$lang" != fr ] || page=fr/$page
+    sed -n 's|.*<title>\(.*\)</title>.*|\1|p' "$data/doc/quorvexGui/html/$page"
+}
+
 # choose MENU ENTRY: of the main window, counted from 0
 choose() {
     window "$(word 'Quorvex Simulation')"
@@ -170,6 +177,11 @@ tour() {
     window "$(word 'Preferences Window')"
     shoot "preferences-$lang.png" "$(word 'Preferences Window')"
     press Escape alt+F4
+    choose 4 0
+    window "$(manual)"
+    shoot "help-$lang.png" "$(manual)"
+    press ctrl+q
+    gone "$(manual)"
     choose 4 1
     window "$(word About)"
     shoot "about-$lang.png" "$(word About)"
