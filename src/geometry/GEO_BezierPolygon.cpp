@@ -35,6 +35,14 @@ GEO_Spline* pieceOf(const GEO_Edge& edge)
     return dynamic_cast<GEO_Spline*>(edge.getCurve());
 }
 
+/// Whether an edge begins where the one before it ends.
+bool meet(const GEO_Edge& before, const GEO_Edge& behind)
+{
+    const GEO_Point* const end = before.getEndingPoint();
+    const GEO_Point* const start = behind.getStartingPoint();
+    return end == start || (end != nullptr && start != nullptr && end->distanceTo(*start) == 0.0);
+}
+
 } // namespace
 
 GEO_BezierPolygon::GEO_BezierPolygon()
@@ -89,35 +97,48 @@ void GEO_BezierPolygon::stateChanged()
     GEO_Polygon::stateChanged();
     mIsAdjusting = true;
     updateParametrization();
-    const COM_Scoped points(COM_Array<GEO_Point>::New());
-    for (unsigned long i = 0; i < getEdges().size(); ++i) {
-        if (i == 0) {
-            points->add(getEdge(i)->getStartingPoint());
-        }
-        points->add(getEdge(i)->getEndingPoint());
+    const unsigned long n = getEdges().size();
+    for (unsigned long i = 0; i < n; ++i) {
         GEO_Spline* const piece = pieceOf(*getEdge(i));
         if (piece != nullptr && piece->getControlPoint(1) == nullptr) {
             piece->initControlPoints(); // its second vertex has come after it was made
         }
     }
-    const COM_Scoped derivatives(COM_Array<GEO_Point>::New());
-    if (points->size() == mU->getDimension()
-        && computeDerivatives(*points, isClosed(), *derivatives)) {
-        for (unsigned long i = 0; i < getEdges().size(); ++i) {
-            GEO_Spline* const piece = pieceOf(*getEdge(i));
-            if (piece == nullptr) {
-                continue;
-            }
-            // Along a piece that is run through backwards the parameter falls.
-            const bool isReverse = getEdge(i)->isReverse();
-            const unsigned long begin = isReverse ? i + 1 : i;
-            const unsigned long end = isReverse ? i : i + 1;
-            piece->setParameters((*mU)[begin], (*mU)[end]);
-            piece->setBeginDerivative((*derivatives)[begin]);
-            piece->setEndDerivative((*derivatives)[end]);
+    // Where an edge was taken out, the curve ends and begins anew.
+    for (unsigned long first = 0, end = 1; first < n; first = end++) {
+        while (end < n && meet(*getEdge(end - 1), *getEdge(end))) {
+            ++end;
         }
+        adjust(first, end);
     }
     mIsAdjusting = false;
+}
+
+void GEO_BezierPolygon::adjust(unsigned long first, unsigned long end)
+{
+    const COM_Scoped points(COM_Array<GEO_Point>::New());
+    points->add(getEdge(first)->getStartingPoint());
+    for (unsigned long i = first; i < end; ++i) {
+        points->add(getEdge(i)->getEndingPoint());
+    }
+    const COM_Scoped derivatives(COM_Array<GEO_Point>::New());
+    const bool isWhole = end - first == getEdges().size();
+    if (points->size() != end - first + 1
+        || !computeDerivatives(mU->getValues() + first, *points, isWhole && isClosed(),
+                               *derivatives)) {
+        return;
+    }
+    for (unsigned long i = first; i < end; ++i) {
+        GEO_Spline* const piece = pieceOf(*getEdge(i));
+        if (piece == nullptr) {
+            continue;
+        }
+        // Along a piece that is run through backwards the parameter falls.
+        const unsigned long back = getEdge(i)->isReverse() ? 1 : 0;
+        piece->setParameters((*mU)[i + back], (*mU)[i + 1 - back]);
+        piece->setBeginDerivative((*derivatives)[i - first + back]);
+        piece->setEndDerivative((*derivatives)[i - first + 1 - back]);
+    }
 }
 
 void GEO_BezierPolygon::updateParametrization()
@@ -134,9 +155,19 @@ void GEO_BezierPolygon::updateParametrization()
 bool GEO_BezierPolygon::computeDerivatives(const COM_Array<GEO_Point>& points, bool isPeriodic,
                                            COM_Array<GEO_Point>& derivatives) const
 {
+    if (mU->getDimension() < points.size()) {
+        derivatives.setSize(0);
+        return false;
+    }
+    return computeDerivatives(mU->getValues(), points, isPeriodic, derivatives);
+}
+
+bool GEO_BezierPolygon::computeDerivatives(const double* u, const COM_Array<GEO_Point>& points,
+                                           bool isPeriodic, COM_Array<GEO_Point>& derivatives)
+{
     derivatives.setSize(0);
     const unsigned long n = points.size();
-    if (n < 2 || mU->getDimension() < n) {
+    if (n < 2) {
         return false;
     }
     unsigned long dimension = 0;
@@ -150,9 +181,8 @@ bool GEO_BezierPolygon::computeDerivatives(const COM_Array<GEO_Point>& points, b
         for (unsigned long i = 0; i < n; ++i) {
             x[i] = points[i].getValue(j);
         }
-        const std::unique_ptr<double[]> d(
-            isPeriodic ? computePeriodicDerivatives(mU->getValues(), x.data(), n)
-                       : computeDerivatives(mU->getValues(), x.data(), n));
+        const std::unique_ptr<double[]> d(isPeriodic ? computePeriodicDerivatives(u, x.data(), n)
+                                                     : computeDerivatives(u, x.data(), n));
         if (d == nullptr) {
             derivatives.setSize(0);
             return false;

@@ -38,6 +38,11 @@ protected:
 
 private:
     void updateParametrization();
+    /// Adjusts the pieces from `first` up to `end`, which join, by the parameters of their vertices. An edge
+    /// without both end points leaves them all as they are.
+    void adjust(unsigned long first, unsigned long end);
+    static bool computeDerivatives(const double* u, const COM_Array<GEO_Point>& points,
+                                   bool isPeriodic, COM_Array<GEO_Point>& derivatives);
 
     LA_RealVector* mU; ///< Chord-length parameters, one more than edges. Counted, never null.
     bool mIsAdjusting = false; ///< True while the chain is built or adjusted.

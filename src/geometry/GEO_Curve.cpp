@@ -8,6 +8,7 @@
 #include "geometry/GEO_Vertex.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -117,6 +118,23 @@ bool GEO_Curve::intersect(const GEO_Point& a, const GEO_Point& b, GEO_Point& poi
     }
     point.setLocation((*points)[0]);
     return true;
+}
+
+double GEO_Curve::getExtent(unsigned long axis) const
+{
+    return hasEndPoints()
+               ? std::fabs(getEndingPoint()->getValue(axis) - getStartingPoint()->getValue(axis))
+               : 0.0;
+}
+
+std::vector<double> GEO_Curve::getParametersAt(unsigned long axis, double value) const
+{
+    if (!hasEndPoints()) {
+        return {};
+    }
+    const double start = getStartingPoint()->getValue(axis);
+    const double t = (value - start) / (getEndingPoint()->getValue(axis) - start);
+    return t >= 0.0 && t <= 1.0 ? std::vector<double>{t} : std::vector<double>();
 }
 
 // ---------------------------------------------------------------- registries

@@ -4,6 +4,7 @@
 #include "geometry/GEO_Movable.h"
 
 #include <string>
+#include <vector>
 
 class GEO_Box;
 class GEO_Edge;
@@ -45,6 +46,14 @@ public:
     /// All crossings; returns their number.
     virtual unsigned long intersect(const GEO_Point& a, const GEO_Point& b,
                                     COM_Array<GEO_Point>& points) const = 0;
+    // Coordinates are counted from 0; one that a point lacks is zero. What is said here of a straight curve,
+    // other kinds have to say of themselves.
+    /// A way along a coordinate axis that the curve does not exceed, there and back added up. 0 without both
+    /// end points.
+    virtual double getExtent(unsigned long axis) const;
+    /// The parameters, ascending, at which a coordinate has this value. None for a curve that has it
+    /// throughout but, perhaps, those of its ends.
+    virtual std::vector<double> getParametersAt(unsigned long axis, double value) const;
 
     /// "smaller number-larger number"; empty unless both vertices have numbers.
     static std::string getKey(const GEO_Vertex& a, const GEO_Vertex& b);

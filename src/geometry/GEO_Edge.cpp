@@ -6,6 +6,8 @@
 #include "geometry/GEO_Polygon.h"
 #include "geometry/GEO_Vertex.h"
 
+#include <algorithm>
+
 GEO_Edge::GEO_Edge()
 {
     COM_TYPE(GEO_Edge);
@@ -68,6 +70,26 @@ void GEO_Edge::computeBoundingBox(GEO_Box& box) const
     }
 }
 
+double GEO_Edge::getExtent(unsigned long axis) const
+{
+    return mCurve != nullptr ? mCurve->getExtent(axis) : 0.0;
+}
+
+std::vector<double> GEO_Edge::getParametersAt(unsigned long axis, double value) const
+{
+    std::vector<double> parameters;
+    if (mCurve != nullptr) {
+        parameters = mCurve->getParametersAt(axis, value);
+    }
+    if (mReverse) {
+        std::reverse(parameters.begin(), parameters.end());
+        for (double& t : parameters) {
+            t = 1.0 - t;
+        }
+    }
+    return parameters;
+}
+
 void GEO_Edge::setCurve(GEO_Curve* curve)
 {
     if (curve == mCurve) {
@@ -82,6 +104,9 @@ void GEO_Edge::setCurve(GEO_Curve* curve)
     associate(mCurve, curve);
     if (curve != nullptr) {
         curve->addToEdges(*this);
+    }
+    if (mPolygon != nullptr) {
+        stateChanged();
     }
 }
 

@@ -2,6 +2,7 @@
 #include "geometry/GEO_Object.h"
 
 #include <string>
+#include <vector>
 
 class GEO_Box;
 class GEO_Curve;
@@ -27,7 +28,11 @@ public:
     /// The vector from the edge's start to its end; without both end points nothing is done.
     virtual void computeDirection(GEO_Point& direction) const;
     virtual void computeBoundingBox(GEO_Box& box) const;
+    /// As those of the curve, with the edge's own parameter. Without curve 0 and none.
+    double getExtent(unsigned long axis) const;
+    std::vector<double> getParametersAt(unsigned long axis, double value) const;
 
+    /// Tells nobody: a polygon that is turned round turns its edges one by one, and is told at the end.
     void setReverse(bool reverse) { mReverse = reverse; }
     bool isReverse() const { return mReverse; }
 

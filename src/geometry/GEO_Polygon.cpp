@@ -174,10 +174,14 @@ void GEO_Polygon::removeFromEdges(GEO_Edge& edge)
 void GEO_Polygon::removeFromCurves(GEO_Curve& curve)
 {
     const COM_Guard guard(curve);
-    for (unsigned long i = mEdges->size(); i-- > 0;) {
+    const unsigned long size = mEdges->size();
+    for (unsigned long i = size; i-- > 0;) {
         if (getEdge(i)->getCurve() == &curve) {
-            removeEdgeAtIndex(i);
+            detachEdge(i);
         }
+    }
+    if (mEdges->size() != size) {
+        stateChanged();
     }
 }
 
@@ -186,6 +190,13 @@ bool GEO_Polygon::removeEdgeAtIndex(unsigned long index)
     if (index >= mEdges->size()) {
         return false;
     }
+    detachEdge(index);
+    stateChanged();
+    return true;
+}
+
+void GEO_Polygon::detachEdge(unsigned long index)
+{
     GEO_Edge& edge = *getEdge(index);
     const COM_Guard guard(edge);
     mEdges->remove(index);
@@ -193,14 +204,17 @@ bool GEO_Polygon::removeEdgeAtIndex(unsigned long index)
     if (edge.getPolygon() == this) {
         edge.resetPolygon();
     }
-    return true;
 }
 
 void GEO_Polygon::resetEdges()
 {
-    while (mEdges->size() > 0) {
-        removeEdgeAtIndex(mEdges->size() - 1);
+    if (mEdges->size() == 0) {
+        return;
     }
+    while (mEdges->size() > 0) {
+        detachEdge(mEdges->size() - 1);
+    }
+    stateChanged();
 }
 
 GEO_Edge* GEO_Polygon::getEdge(unsigned long i) const

@@ -9,7 +9,7 @@ class GEO_Vertex;
 /// An ordered chain of edges, which it holds. Their back references are left out by the inverse count.
 ///
 /// Appending and removing at the end do not depend on the length of the chain; anywhere else the edges
-/// behind are numbered anew.
+/// behind are numbered anew. Whoever depends on the polygon is told of each operation that changes it, once.
 class GEO_Polygon : public GEO_Shell
 {
     COM_CLASS(GEO_Polygon)
@@ -74,6 +74,8 @@ protected:
 
 private:
     bool holds(const GEO_Edge& edge) const;
+    /// Removes an edge and tells nobody. Requires: it is there.
+    void detachEdge(unsigned long index);
     void renumber(unsigned long first);
 
     COM_Array<GEO_Edge>* mEdges; ///< Counted, never null.

@@ -197,6 +197,28 @@ unsigned long GEO_Spline::intersect(const GEO_Point& a, const GEO_Point& b,
     return points.size();
 }
 
+// The derivative is a mean of three times the steps between the control points, and the weights of each
+// step add up to a third along the piece.
+double GEO_Spline::getExtent(unsigned long axis) const
+{
+    if (!isComplete()) {
+        return 0.0;
+    }
+    const auto step = [axis](const GEO_Point& from, const GEO_Point& to) {
+        return std::fabs(to.getValue(axis) - from.getValue(axis));
+    };
+    return step(*getStartingPoint(), *mP1) + step(*mP1, *mP2) + step(*mP2, *getEndingPoint());
+}
+
+std::vector<double> GEO_Spline::getParametersAt(unsigned long axis, double value) const
+{
+    if (!isComplete()) {
+        return {};
+    }
+    return zerosOf({getStartingPoint()->getValue(axis) - value, mP1->getValue(axis) - value,
+                    mP2->getValue(axis) - value, getEndingPoint()->getValue(axis) - value});
+}
+
 void GEO_Spline::setBeginDerivative(const GEO_Point& derivative)
 {
     if (getStartingPoint() == nullptr) {

@@ -21,6 +21,9 @@ public:
     /// Crossings in the plane of x and y.
     unsigned long intersect(const GEO_Point& a, const GEO_Point& b,
                             COM_Array<GEO_Point>& points) const override;
+    /// Along the control points.
+    double getExtent(unsigned long axis) const override;
+    std::vector<double> getParametersAt(unsigned long axis, double value) const override;
 
     /// Puts the control points at 0.33 and 0.66 of the way from A to B.
     void initControlPoints();

@@ -267,6 +267,73 @@ TEST(GEO_BezierPolygonDerivatives, FourValuesOfAClosedCurveSolveTheCircularCondi
     EXPECT_EQ(d[3], d[0]);
 }
 
+TEST(GEO_BezierPolygonDerivatives, ACurveThatIsASplineItselfComesBackExactly)
+{
+    // u^3 - 2 (u - 1)^3 behind 1: no bend at 0 and 2, and the third derivative jumps at a value.
+    const Values u{0.0, 0.25, 1.0, 1.125, 1.5, 2.0};
+    const auto f = [](double v) { return v * v * v - 2.0 * std::pow(std::max(v - 1.0, 0.0), 3.0); };
+    const auto slope = [](double v) {
+        return 3.0 * v * v - 6.0 * std::pow(std::max(v - 1.0, 0.0), 2.0);
+    };
+    Values x;
+    for (const double v : u) {
+        x.push_back(f(v));
+    }
+    const Derivatives d = freeEnds(u, x);
+    ASSERT_NE(d, nullptr);
+    for (unsigned long i = 0; i < u.size(); ++i) {
+        EXPECT_NEAR(d[i], slope(u[i]), 1e-13) << i; // some roundings of numbers below 100
+        if (i + 1 < u.size()) {
+            EXPECT_NEAR(middleOf(u, x, d.get(), i), f((u[i] + u[i + 1]) / 2.0), 1e-14) << i;
+        }
+    }
+}
+
+TEST(GEO_BezierPolygonDerivatives, APeriodicSplineComesBackExactly)
+{
+    // Of period 4, with a bend that rises from -1 to 1 and falls from 1 to 3: w^3 / 6 - w / 2 from -1 to 1, and
+    // the same upside down from 1 to 3. The last part belongs to the next rise.
+    const Values u{0.0, 0.5, 1.0, 2.25, 3.0, 4.0};
+    Values x;
+    Values slope;
+    for (const double v : u) {
+        const double w = v <= 1.0 ? v : v <= 3.0 ? v - 2.0 : v - 4.0;
+        const double sign = v > 1.0 && v <= 3.0 ? -1.0 : 1.0;
+        x.push_back(sign * (w * w * w / 6.0 - w / 2.0));
+        slope.push_back(sign * (w * w / 2.0 - 0.5));
+    }
+    const Derivatives d = periodic(u, x);
+    ASSERT_NE(d, nullptr);
+    for (unsigned long i = 0; i < u.size(); ++i) {
+        EXPECT_NEAR(d[i], slope[i], 1e-15) << i;
+    }
+}
+
+TEST(GEO_BezierPolygonDerivatives, TheErrorOfAParabolaDiesOutFromTheFreeEnds)
+{
+    // e = d - 2 u solves e[i - 1] + 4 e[i] + e[i + 1] = 0 inside and 2 e + e' = h, -h at the ends: powers of
+    // the root of 1 + 4 q + q^2 below 1, from h / sqrt(3) on.
+    constexpr unsigned long n = 61;
+    constexpr double h = 0.25;
+    const double q = std::sqrt(3.0) - 2.0;
+    Values u;
+    Values x;
+    for (unsigned long i = 0; i < n; ++i) {
+        u.push_back(h * static_cast<double>(i));
+        x.push_back(u[i] * u[i]);
+    }
+    const Derivatives d = freeEnds(u, x);
+    ASSERT_NE(d, nullptr);
+    for (unsigned long i = 0; i < n; ++i) {
+        const double fromStart = std::pow(q, static_cast<double>(i));
+        const double fromEnd = std::pow(q, static_cast<double>(n - 1 - i));
+        // Values up to 225 and slopes up to 30, rounded.
+        EXPECT_NEAR(d[i] - 2.0 * u[i], h / std::sqrt(3.0) * (fromStart - fromEnd), 1e-12) << i;
+    }
+    EXPECT_NEAR(d[0], h / std::sqrt(3.0), 1e-14);
+    EXPECT_NEAR(d[n / 2], 2.0 * u[n / 2], 1e-12);
+}
+
 namespace {
 
 /// A grid of n pieces over [0, length], even or with steps that alternate by a factor of two.
@@ -706,6 +773,89 @@ TEST(GEO_BezierPolygon, AnEdgeWithoutCurveStopsTheAdjustmentAlone)
     EXPECT_EQ(printedBy([&polygon] { polygon->addToEdges(*COM_Scoped(GEO_Edge::New())); }), "");
     EXPECT_EQ(polygon->getEdges().size(), zigzag.size());
     EXPECT_EQ(at(*polygon->getEdge(0), 0.5), before);
+}
+
+TEST(GEO_BezierPolygon, WithoutItsLastEdgeAChainHasTheShapeOfTheShorterOne)
+{
+    const COM_Scoped polygon(newPolygon(zigzag));
+    const unsigned long last = zigzag.size() - 2;
+    EXPECT_TRUE(polygon->removeEdgeAtIndex(last));
+    const COM_Scoped expected(newPolygon({zigzag.begin(), zigzag.end() - 1}));
+    EXPECT_EQ(shapeOf(*polygon), shapeOf(*expected));
+    EXPECT_EQ(valuesOf(*polygon->getParameters()), valuesOf(*expected->getParameters()));
+    polygon->removeFromEdges(*polygon->getEdge(0));
+    expected->setPoints(*COM_Scoped(newPoints({zigzag.begin() + 1, zigzag.end() - 1})));
+    EXPECT_EQ(shapeOf(*polygon), shapeOf(*expected));
+    EXPECT_EQ(valuesOf(*polygon->getParameters()), valuesOf(*expected->getParameters()));
+    polygon->resetEdges();
+    EXPECT_EQ(valuesOf(*polygon->getParameters()), Values{0.0});
+}
+
+TEST(GEO_BezierPolygon, WithoutAnInnerEdgeAChainIsTwoCurvesWithFreeEnds)
+{
+    const COM_Scoped polygon(newPolygon(zigzag));
+    polygon->removeFromCurves(*polygon->getEdge(2)->getCurve());
+    const COM_Scoped before(newPolygon({zigzag.begin(), zigzag.begin() + 3}));
+    const COM_Scoped behind(newPolygon({zigzag.begin() + 3, zigzag.end()}));
+    EXPECT_EQ(shapeOf(*polygon), shapeOf(*before) + shapeOf(*behind));
+    // A vertex moves its own part alone.
+    const std::string kept = shapeOf(*before);
+    polygon->getLastVertex()->setLocation(9.0, 9.0);
+    behind->getLastVertex()->setLocation(9.0, 9.0);
+    EXPECT_EQ(shapeOf(*polygon), kept + shapeOf(*behind));
+}
+
+TEST(GEO_BezierPolygon, WithoutOneOfItsEdgesAClosedChainIsAnOpenOne)
+{
+    const COM_Scoped polygon(newPolygon(zigzag));
+    const std::string open = shapeOf(*polygon);
+    polygon->close();
+    EXPECT_NE(shapeOf(*polygon).substr(0, open.size()), open);
+    polygon->removeEdgeAtIndex(zigzag.size() - 1);
+    EXPECT_EQ(shapeOf(*polygon), open);
+}
+
+TEST(GEO_BezierPolygon, ANewCurveOfAnEdgeTakesPartInTheShape)
+{
+    const COM_Scoped polygon(newPolygon(zigzag));
+    const std::string shape = shapeOf(*polygon);
+    GEO_Edge& edge = *polygon->getEdge(2);
+    const COM_Scoped spline(GEO_Spline::New(*edge.getStartingVertex(), *edge.getEndingVertex()));
+    ASSERT_NE(spline.get(), edge.getCurve());
+    edge.setCurve(*spline);
+    EXPECT_EQ(edge.getCurve(), spline.get());
+    EXPECT_EQ(shapeOf(*polygon), shape);
+}
+
+TEST(GEO_BezierPolygon, EdgesBetweenDifferentVerticesAtOnePlaceJoinSmoothly)
+{
+    const COM_Scoped polygon(GEO_BezierPolygon::New());
+    for (unsigned long i = 0; i + 1 < zigzag.size(); ++i) {
+        const COM_Scoped a(GEO_Vertex::New(zigzag[i][0], zigzag[i][1]));
+        const COM_Scoped b(GEO_Vertex::New(zigzag[i + 1][0], zigzag[i + 1][1]));
+        polygon->addToCurves(*COM_Scoped(GEO_Spline::New(*a, *b)), false);
+    }
+    EXPECT_EQ(shapeOf(*polygon), shapeOf(*COM_Scoped(newPolygon(zigzag))));
+}
+
+TEST(GEO_BezierPolygon, ACircleOfThirtyTwoVerticesIsRoundToFiveDigitsEverywhere)
+{
+    Places places;
+    for (int i = 0; i < 32; ++i) {
+        places.push_back({std::cos(2.0 * pi * i / 32), std::sin(2.0 * pi * i / 32)});
+    }
+    const COM_Scoped polygon(newPolygon(places));
+    polygon->close();
+    double largest = 0.0;
+    for (unsigned long i = 0; i < polygon->getEdges().size(); ++i) {
+        for (int k = 0; k <= 16; ++k) {
+            const Place place = at(*polygon->getEdge(i), k / 16.0);
+            largest = std::max(largest, std::fabs(std::hypot(place[0], place[1]) - 1.0));
+        }
+    }
+    // Cubic interpolation of a function with fourth derivative 1 errs by up to h^4 / 384 = 3.9e-6.
+    EXPECT_LT(largest, 1e-5);
+    EXPECT_GT(largest, 1e-7);
 }
 
 // ---------------------------------------------------------------- derivatives at points

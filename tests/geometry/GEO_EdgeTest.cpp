@@ -260,6 +260,38 @@ TEST_F(GEO_EdgeTest, AChangeIsToldToThePolygon)
     EXPECT_EQ(polygon->mChanges, 2);
 }
 
+TEST_F(GEO_EdgeTest, AnotherCurveIsToldToThePolygonOnceAndTheSameOneIsNot)
+{
+    const COM_Scoped polygon(CountingPolygon::New());
+    polygon->addToEdges(*mEdge);
+    const COM_Scoped other(GEO_Line::New());
+    polygon->mChanges = 0;
+    mEdge->setCurve(*other);
+    EXPECT_EQ(polygon->mChanges, 1);
+    mEdge->setCurve(*other);
+    EXPECT_EQ(polygon->mChanges, 1);
+    mEdge->resetCurve();
+    EXPECT_EQ(polygon->mChanges, 2);
+    other->addToEdges(*mEdge);
+    EXPECT_EQ(polygon->mChanges, 3);
+    other->removeFromEdges(*mEdge);
+    EXPECT_EQ(polygon->mChanges, 4);
+    EXPECT_EQ(mEdge->getCurve(), nullptr);
+}
+
+TEST_F(GEO_EdgeTest, TheParameterOfAReversedEdgeIsCountedFromTheOtherEnd)
+{
+    EXPECT_EQ(mEdge->getParametersAt(0, 2.0), Values{0.25});
+    EXPECT_EQ(mBack->getParametersAt(0, 2.0), Values{0.75});
+    EXPECT_EQ(mBack->getParametersAt(1, 2.0), Values{1.0});
+    EXPECT_EQ(mEdge->getParametersAt(0, 5.5), Values{});
+    EXPECT_EQ(mEdge->getExtent(0), 4.0);
+    EXPECT_EQ(mBack->getExtent(1), 2.0);
+    const COM_Scoped edge(GEO_Edge::New());
+    EXPECT_EQ(edge->getExtent(0), 0.0);
+    EXPECT_EQ(edge->getParametersAt(0, 0.0), Values{});
+}
+
 TEST_F(GEO_EdgeTest, TheNeighboursOfAnOpenPolygonEndAtItsEnds)
 {
     const COM_Scoped polygon(GEO_Polygon::New());

@@ -178,6 +178,25 @@ TEST_F(GEO_LineTest, TheLengthIsTheDistanceOfItsPoints)
     EXPECT_EQ(mLine->getLength(), 3.0);
 }
 
+TEST(GEO_Line, ACoordinateHasAValueAtOneParameterIfTheLineReachesIt)
+{
+    const COM_Scoped a(GEO_Vertex::New(1.0, 2.0));
+    const COM_Scoped b(GEO_Vertex::New(5.0, 2.0));
+    const COM_Scoped line(GEO_Line::New(*a, *b));
+    EXPECT_EQ(line->getExtent(0), 4.0);
+    EXPECT_EQ(line->getExtent(1), 0.0);
+    EXPECT_EQ(line->getParametersAt(0, 1.0), std::vector<double>{0.0});
+    EXPECT_EQ(line->getParametersAt(0, 4.0), std::vector<double>{0.75});
+    EXPECT_EQ(line->getParametersAt(0, 5.0), std::vector<double>{1.0});
+    EXPECT_TRUE(line->getParametersAt(0, 0.5).empty());
+    EXPECT_TRUE(line->getParametersAt(0, 5.5).empty());
+    EXPECT_TRUE(line->getParametersAt(1, 2.0).empty()) << "everywhere, and so nowhere alone";
+    EXPECT_TRUE(line->getParametersAt(1, 3.0).empty());
+    a->resetPoint();
+    EXPECT_EQ(line->getExtent(0), 0.0);
+    EXPECT_TRUE(line->getParametersAt(0, 4.0).empty());
+}
+
 TEST_F(GEO_LineTest, TheBoxIsThatOfTheEnds)
 {
     const COM_Scoped box(GEO_Box::New());

@@ -14,6 +14,7 @@
 
 #include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -496,6 +497,64 @@ TEST_F(GEO_PolygonTest, ResettingTheEdgesReleasesThemAll)
     EXPECT_EQ(vertex->getNumberOfCurves(), 0UL);
     append(*mPolygon, {5, 6});
     EXPECT_EQ(edgesOf(*mPolygon), "5>6");
+}
+
+namespace {
+
+/// A polygon that counts the changes it is told of.
+class CountingPolygon : public GEO_Polygon
+{
+    COM_CLASS(CountingPolygon)
+public:
+    void stateChanged() override { ++mChanges; }
+    int take() { return std::exchange(mChanges, 0); }
+
+protected:
+    CountingPolygon() { COM_TYPE(CountingPolygon); }
+    ~CountingPolygon() override = default;
+
+private:
+    int mChanges = 0;
+};
+
+} // namespace
+
+TEST_F(GEO_PolygonTest, EachRemovalIsToldOnceAndNoneWhereNothingIsRemoved)
+{
+    const COM_Scoped polygon(CountingPolygon::New());
+    polygon->resetEdges();
+    EXPECT_EQ(polygon->take(), 0);
+    append(*polygon, {4, 5, 4, 5, 6, 7, 8});
+    EXPECT_GT(polygon->take(), 0);
+    EXPECT_TRUE(polygon->removeEdgeAtIndex(5));
+    EXPECT_EQ(polygon->take(), 1);
+    EXPECT_FALSE(polygon->removeEdgeAtIndex(5));
+    EXPECT_EQ(polygon->take(), 0);
+    polygon->removeFromEdges(*polygon->getEdge(4));
+    EXPECT_EQ(polygon->take(), 1);
+    polygon->removeFromEdges(*COM_Scoped(GEO_Edge::New()));
+    polygon->removeFromCurves(*COM_Scoped(GEO_Line::New()));
+    EXPECT_EQ(polygon->take(), 0);
+    polygon->removeFromCurves(*polygon->getEdge(0)->getCurve());
+    EXPECT_EQ(edgesOf(*polygon), "5>6");
+    EXPECT_EQ(polygon->take(), 1);
+    append(*polygon, {7, 8});
+    polygon->take();
+    polygon->resetEdges();
+    EXPECT_EQ(polygon->take(), 1);
+}
+
+TEST_F(GEO_PolygonTest, AnEdgeThatMovesToAnotherPolygonIsToldToBoth)
+{
+    const COM_Scoped from(CountingPolygon::New());
+    const COM_Scoped to(CountingPolygon::New());
+    append(*from, {4, 5, 6});
+    from->take();
+    to->addToEdges(*from->getEdge(1));
+    EXPECT_EQ(from->take(), 1);
+    EXPECT_EQ(to->take(), 1);
+    EXPECT_EQ(edgesOf(*from), "4>5");
+    EXPECT_EQ(edgesOf(*to), "5>6");
 }
 
 // ---------------------------------------------------------------- looking

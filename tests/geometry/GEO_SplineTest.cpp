@@ -408,6 +408,52 @@ INSTANTIATE_TEST_SUITE_P(
                     ArcCase{"UpToTheStart", {-4, 0}, {0, 0}, {{0, 0}}}),
     nameOf);
 
+TEST_F(GEO_SplineTest, ACoordinateHasAValueWhereTheCubicSays)
+{
+    // x = 8 t^2 (3 - 2 t), y = 24 t (1 - t)
+    const Values middle = mSpline->getParametersAt(0, 4.0);
+    ASSERT_EQ(middle.size(), 1UL);
+    EXPECT_NEAR(middle[0], 0.5, 1e-15);
+    const Values sides = mSpline->getParametersAt(1, 4.5);
+    ASSERT_EQ(sides.size(), 2UL);
+    EXPECT_NEAR(sides[0], 0.25, 1e-15);
+    EXPECT_NEAR(sides[1], 0.75, 1e-15);
+    EXPECT_EQ(mSpline->getParametersAt(1, 0.0), (Values{0.0, 1.0}));
+    EXPECT_EQ(mSpline->getParametersAt(1, 6.0), Values{0.5});
+    EXPECT_EQ(mSpline->getParametersAt(1, 6.5), Values{});
+    EXPECT_EQ(mSpline->getParametersAt(0, -1.0), Values{});
+    EXPECT_EQ(mSpline->getParametersAt(0, 8.5), Values{});
+    EXPECT_EQ(mSpline->getParametersAt(2, 1.0), Values{}) << "a plane curve lies at 0";
+}
+
+TEST_F(GEO_SplineTest, TheExtentIsTheWayAlongTheControlPointsAndNeverLessThanTheWayItself)
+{
+    EXPECT_EQ(mSpline->getExtent(0), 8.0);
+    EXPECT_EQ(mSpline->getExtent(1), 16.0);
+    EXPECT_EQ(mSpline->getExtent(2), 0.0);
+    std::mt19937 random(5);
+    std::uniform_real_distribution<double> any(-1.0, 1.0);
+    for (int k = 0; k < 100; ++k) {
+        setControlPoint(*mSpline, 1, any(random) * 20.0, any(random) * 20.0);
+        setControlPoint(*mSpline, 2, any(random) * 20.0, any(random) * 20.0);
+        for (unsigned long i = 0; i < 2; ++i) {
+            double way = 0.0;
+            for (int step = 0; step < 500; ++step) {
+                way += std::fabs(at((step + 1) / 500.0)[i] - at(step / 500.0)[i]);
+            }
+            EXPECT_LE(way, mSpline->getExtent(i) * (1.0 + 1e-12)) << k;
+            EXPECT_GE(way, std::fabs(at(1.0)[i] - at(0.0)[i]) * (1.0 - 1e-12)) << k;
+        }
+    }
+}
+
+TEST_F(GEO_SplineTest, AnIncompletePieceHasNeitherExtentNorParameters)
+{
+    mSpline->resetControlPoint(2);
+    EXPECT_EQ(mSpline->getExtent(0), 0.0);
+    EXPECT_EQ(mSpline->getParametersAt(0, 4.0), Values{});
+}
+
 TEST_F(GEO_SplineTest, AnIncompletePieceHasNoCrossings)
 {
     mSpline->resetControlPoint(2);
