@@ -4,7 +4,9 @@
 #include "common/COM_Scoped.h"
 #include "geometry/GEO_Box.h"
 #include "geometry/GEO_Point.h"
+#include "geometry/GEO_Polygon.h"
 #include "gui2d/GUI2D_Curve.h"
+#include "gui2d/GUI2D_Polygon.h"
 #include "gui2d/GUI2D_Transform.h"
 #include "linearAlgebra/LA_RealVector.h"
 
@@ -49,12 +51,23 @@ void GUI2D_Plotter::addPlot(const LA_RealVector& x, const LA_RealVector& y, cons
                             bool shown, COM_Color& color)
 {
     const COM_Scoped curve(GUI2D_Curve::New());
-    curve->setXValues(x);
-    curve->setYValues(y);
-    curve->setColor(color);
-    curve->setName(name);
-    curve->setShown(shown);
-    add(*curve);
+    add(*curve, x, y, name, shown, color);
+}
+
+void GUI2D_Plotter::addPlot(GEO_Polygon& polygon, const std::string& name, bool shown,
+                            COM_Color& color)
+{
+    const COM_Scoped points(COM_Array<GEO_Point>::New());
+    polygon.getPoints(*points);
+    const COM_Scoped x(LA_RealVector::New(points->size()));
+    const COM_Scoped y(LA_RealVector::New(points->size()));
+    for (unsigned long i = 0; i < points->size(); ++i) {
+        (*x)[i] = (*points)[i].getValue(0);
+        (*y)[i] = (*points)[i].getValue(1);
+    }
+    const COM_Scoped curve(GUI2D_Polygon::New());
+    curve->setPolygon(polygon);
+    add(*curve, *x, *y, name, shown, color);
 }
 
 void GUI2D_Plotter::addPlot(const std::vector<double>& x, const std::vector<double>& y,
@@ -67,8 +80,14 @@ void GUI2D_Plotter::addPlot(const std::vector<double>& x, const std::vector<doub
     addPlot(*xs, *ys, name, true, color);
 }
 
-void GUI2D_Plotter::add(GUI2D_Curve& curve)
+void GUI2D_Plotter::add(GUI2D_Curve& curve, const LA_RealVector& x, const LA_RealVector& y,
+                        const std::string& name, bool shown, COM_Color& color)
 {
+    curve.setXValues(x);
+    curve.setYValues(y);
+    curve.setColor(color);
+    curve.setName(name);
+    curve.setShown(shown);
     mCurves->add(curve);
     fold(curve, mCurves->size());
     fitToGraphics();

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+class GEO_Polygon;
 class GUI2D_Curve;
 class LA_RealVector;
 
@@ -23,6 +24,8 @@ public:
     /// Appends a curve through copies of the points and shows all curves, as a new view.
     void addPlot(const LA_RealVector& x, const LA_RealVector& y, const std::string& name,
                  bool shown, COM_Color& color);
+    /// The same through the points of the polygon, whose shape is drawn; see GUI2D_Polygon.
+    void addPlot(GEO_Polygon& polygon, const std::string& name, bool shown, COM_Color& color);
     void addPlot(const std::vector<double>& x, const std::vector<double>& y,
                  const std::string& name, COM_Color& color);
     COM_Array<GUI2D_Curve>& getCurves() const { return *mCurves; }
@@ -66,7 +69,8 @@ protected:
     void computeBounds();
 
 private:
-    void add(GUI2D_Curve& curve);
+    void add(GUI2D_Curve& curve, const LA_RealVector& x, const LA_RealVector& y,
+             const std::string& name, bool shown, COM_Color& color);
     /// Takes the figures of a curve into those of all. The means weigh it as one of `number` curves.
     void fold(const GUI2D_Curve& curve, unsigned long number);
     void paintSubTitles();
