@@ -22,7 +22,7 @@ private:
     struct Text
     {
         QList<QGlyphRun> mGlyphs; ///< Placed from the pen on the baseline.
-        int mWidth;
+        int mWidth = 0;
     };
     /// Lays the text out, unless it is.
     const Text& find(const QFont& font, const QString& text);
