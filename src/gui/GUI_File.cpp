@@ -153,11 +153,11 @@ std::string GUI_File::getRootClassName(const std::string& fileName)
 
 std::string GUI_File::selectFile(GUI_ParentWindow* parent, const std::string& oldPath,
                                  const std::string& filter, const std::string& title,
-                                 const std::string& text)
+                                 const std::string& text, bool mustExist)
 {
     QFileDialog dialog(GUI_Dialog::parent(parent));
     prepare(dialog, oldPath, title, text);
-    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setFileMode(mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     setFilter(dialog, filter);
     return answer(dialog);
 }

@@ -31,10 +31,10 @@ public:
     // The dialogs start at `oldPath`, a directory or a file; one that does not exist is passed over. `text`
     // is the label of the name's field, unless it is empty or "...". They give "" when the user cancels.
 
-    /// A file that exists.
+    /// A file that exists, or, unless `mustExist`, the name of one that may come to be.
     static std::string selectFile(GUI_ParentWindow* parent, const std::string& oldPath,
                                   const std::string& filter, const std::string& title,
-                                  const std::string& text);
+                                  const std::string& text, bool mustExist = true);
     /// A file that is to be written. Asks before one that exists is taken.
     static std::string selectSavingFile(GUI_ParentWindow* parent, const std::string& oldPath,
                                         const std::string& filter, const std::string& title,

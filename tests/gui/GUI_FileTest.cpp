@@ -233,6 +233,27 @@ TEST(GUI_File, SelectFileGivesAnExistingFileOnly)
               fs::canonical(existing));
 }
 
+TEST(GUI_File, SelectFileTakesANewNameWhereNoneNeedsToExist)
+{
+    const TestDirectory directory;
+    directory.write("there.txt", "");
+    const auto choose = [&directory](const char* name) {
+        DialogAnswers answers;
+        answers.add<QFileDialog>([name](QFileDialog& dialog) {
+            EXPECT_EQ(dialog.fileMode(), QFileDialog::AnyFile);
+            EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptOpen);
+            EXPECT_EQ(dialog.labelText(QFileDialog::Accept),
+                      QFileDialog().labelText(QFileDialog::Accept))
+                << "that of opening";
+            typeName(dialog, name);
+        });
+        return GUI_File::selectFile(nullptr, directory.slashed(), "(*.txt)", "", "", false);
+    };
+    EXPECT_EQ(choose("new.txt"), directory.file("new.txt"));
+    EXPECT_FALSE(fs::exists(directory.file("new.txt")));
+    EXPECT_EQ(choose("there.txt"), directory.file("there.txt"));
+}
+
 TEST(GUI_File, SelectFileGivesNothingOnCancel)
 {
     const TestDirectory directory;
