@@ -21,6 +21,7 @@
 #include <QPointer>
 #include <QPrintDialog>
 #include <QTest>
+#include <QTextEdit>
 #include <QTimer>
 #include <QWheelEvent>
 
@@ -199,6 +200,9 @@ void RandomUser::actIn(QWidget& window)
         }
         for (QAbstractItemView* const table : usable<QAbstractItemView>(window)) {
             fields.append(table);
+        }
+        for (QTextEdit* const text : usable<QTextEdit>(window)) {
+            fields.append(text);
         }
         if (!fields.empty()) {
             type(*one(fields));
