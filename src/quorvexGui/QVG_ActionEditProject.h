@@ -1,7 +1,8 @@
 #pragma once
 #include "gui/GUI_RootAction.h"
 
-/// The description of the project, a text of the user. Its editor is not in this build, and the user is told so.
+/// Opens the description of the project, a text of the user in the project's directory, or raises the window
+/// that shows it already. Without a project it is greyed.
 class QVG_ActionEditProject : public GUI_RootAction
 {
     COM_CLASS(QVG_ActionEditProject)
@@ -11,4 +12,7 @@ public:
 protected:
     QVG_ActionEditProject();
     ~QVG_ActionEditProject() override = default;
+
+private:
+    unsigned long mWindowId = 0; ///< Of the window opened last; 0 before that.
 };

@@ -26,7 +26,6 @@ constexpr int startWidth = 800;
 constexpr int startHeight = 50; ///< As low as the bars allow.
 constexpr const char* textWindowType = "GUI_TextWindow";
 constexpr const char* newProjectWindowType = "GUI_NewProjectWindow";
-constexpr const char* descriptionFile = "projectDescription.txt";
 constexpr const char* resultFiles = "*.res";
 constexpr const char* plotterWindowFiles = "plotter_window_saving_*.xml";
 /// The window's number follows.
@@ -187,7 +186,7 @@ void QVG_MainWindow::saveAs(const std::string& path, const std::string& file) co
     const std::string former = getSavingPath();
     std::cout << "copy the files \n";
     GUI_File::copyFiles(former, resultFiles, path);
-    GUI_File::copyFiles(former, descriptionFile, path);
+    GUI_File::copyFiles(former, DESCRIPTION_FILE, path);
     moveTexts(former, path);
     std::cout << "saving the other files \n";
     GUI_RootWindow::save(path, file);

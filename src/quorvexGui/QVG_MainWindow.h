@@ -23,6 +23,9 @@ public:
     using GUI_RootWindow::load;
     using GUI_RootWindow::save;
 
+    /// A text of the user, in the project directory.
+    static constexpr const char* DESCRIPTION_FILE = "projectDescription.txt";
+
     /// Begins a project with a default problem and saves it. Windows that show the former project are closed;
     /// the dialog that asks for the new one closes itself.
     void createFile(const std::string& path, const std::string& file) override;

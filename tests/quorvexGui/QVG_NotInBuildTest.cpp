@@ -51,5 +51,5 @@ TEST_P(QVG_NotInBuildActionTest, TheActionSaysThatItsWindowIsNotInThisBuild)
 }
 
 INSTANTIATE_TEST_SUITE_P(Actions, QVG_NotInBuildActionTest,
-                         testing::Values(Place{QVG_MainMenu::EDIT, 1, "EditProject"}),
+                         testing::Values(Place{QVG_MainMenu::HELP, 0, "Manual"}),
                          [](const auto& row) { return row.param.mName; });
