@@ -170,9 +170,15 @@ tour() {
     press Escape
 
     choose 1 1
-    window "$(word Information)"
-    shoot "not-in-this-build-$lang.png" "$(word Information)"
+    window "$(word 'Project Description')"
+    press ctrl+b
+    xdotool type --delay 10 'Two levels, a pulse of 30 fs'
+    press ctrl+b
     press Return
+    xdotool type --delay 10 'Seen by three captors, 300000 time steps.'
+    shoot "text-$lang.png" "$(word 'Project Description')"
+    press ctrl+s alt+F4
+    gone "$(word 'Project Description')"
     choose 1 2
     window "$(word 'Preferences Window')"
     shoot "preferences-$lang.png" "$(word 'Preferences Window')"
