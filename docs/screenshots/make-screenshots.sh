@@ -79,7 +79,7 @@ plots() {
     press Tab Tab Tab Tab space
     click 70 73
     press End Tab Tab Tab Tab space
-    click 375 525
+    click 319 525
     window "$plot"
     shoot "plot-$lang.png" "$plot"
     entry $tools 1

@@ -115,6 +115,8 @@ void GUI_TextEdit::setValue(const std::string& value)
     // A plain text takes the format at the cursor, which outlives the text before.
     setCurrentCharFormat({});
     setText(toQString(value));
+    // The former cursor keeps its format, whatever text it now stands in.
+    setTextCursor(QTextCursor(document()));
     mValue = value;
     mIsChanged = false;
 }

@@ -99,7 +99,7 @@ window "$main"
 press ctrl+v
 window 'Visualisation'
 shoot 01-visualization.png
-click 375 525
+click 319 525
 window "$plot"
 shoot 02-plot.png
 plots=$(saved)
