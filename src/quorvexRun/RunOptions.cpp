@@ -1,14 +1,8 @@
 #include "quorvexRun/RunOptions.h"
 
+#include "common/COM_CommandLine.h"
 #include "quorvexRun/RunError.h"
 #include "quorvexRun/RunSettings.h"
-
-#include <algorithm>
-#include <cctype>
-#include <cerrno>
-#include <cstdlib>
-#include <getopt.h>
-#include <iterator>
 
 namespace {
 
@@ -30,34 +24,31 @@ enum Option {
     HELP
 };
 
-constexpr option longOptions[] = {{"output", required_argument, nullptr, OUTPUT},
-                                  {"steps", required_argument, nullptr, STEPS},
-                                  {"method", required_argument, nullptr, METHOD},
-                                  {"set", required_argument, nullptr, SET},
-                                  {"default", no_argument, nullptr, DEFAULT},
-                                  {"check", no_argument, nullptr, CHECK},
-                                  {"force", no_argument, nullptr, FORCE},
-                                  {"write-xml", required_argument, nullptr, WRITE_XML},
-                                  {"write-project", required_argument, nullptr, WRITE_PROJECT},
-                                  {"table", required_argument, nullptr, TABLE},
-                                  {"plot", no_argument, nullptr, PLOT},
-                                  {"quiet", no_argument, nullptr, QUIET},
-                                  {"progress", required_argument, nullptr, PROGRESS},
-                                  {"version", no_argument, nullptr, VERSION},
-                                  {"help", no_argument, nullptr, HELP},
-                                  {nullptr, 0, nullptr, 0}};
+using Line = COM_CommandLine;
+
+constexpr Line::Option known[] = {{"output", OUTPUT, Line::SOME_VALUE},
+                                  {"steps", STEPS, Line::ANY_VALUE},
+                                  {"method", METHOD, Line::SOME_VALUE},
+                                  {"set", SET, Line::ANY_VALUE},
+                                  {"default", DEFAULT, Line::NO_VALUE},
+                                  {"check", CHECK, Line::NO_VALUE},
+                                  {"force", FORCE, Line::NO_VALUE},
+                                  {"write-xml", WRITE_XML, Line::SOME_VALUE},
+                                  {"write-project", WRITE_PROJECT, Line::SOME_VALUE},
+                                  {"table", TABLE, Line::SOME_VALUE},
+                                  {"plot", PLOT, Line::NO_VALUE},
+                                  {"quiet", QUIET, Line::NO_VALUE},
+                                  {"progress", PROGRESS, Line::ANY_VALUE},
+                                  {"version", VERSION, Line::NO_VALUE},
+                                  {"help", HELP, Line::NO_VALUE}};
 
 unsigned long stepsOf(const std::string& text)
 {
-    const bool isNumber = !text.empty()
-                          && std::all_of(text.begin(), text.end(),
-                                         [](unsigned char c) { return std::isdigit(c) != 0; });
-    errno = 0;
-    const unsigned long steps = std::strtoul(text.c_str(), nullptr, 10);
-    if (!isNumber || errno == ERANGE) {
+    const std::optional<unsigned long> steps = Line::numberOf(text);
+    if (!steps) {
         throw RunError("--steps takes a whole number from 0 on, not \"" + text + "\"");
     }
-    return steps;
+    return *steps;
 }
 
 RunOptions::Progress progressOf(const std::string& text)
@@ -84,50 +75,17 @@ std::pair<std::string, std::string> settingOf(const std::string& text)
     return {text.substr(0, equal), text.substr(equal + 1)};
 }
 
-constexpr const char* hint = "; quorvex-run --help lists the options";
-
-/// What is wrong with the word that getopt stopped at.
-std::string usageError(int result, char** argv)
-{
-    const option* const known =
-        std::find_if(std::begin(longOptions), std::end(longOptions) - 1,
-                     [](const option& candidate) { return candidate.val == optopt; });
-    const std::string typed = argv[optind - 1];
-    const bool isLong = typed.starts_with("--");
-    const std::string name = isLong && known->name != nullptr
-                                 ? std::string("--") + known->name
-                                 : std::string("-") + static_cast<char>(optopt);
-    if (result == ':') {
-        return "the option " + name + " needs a value" + hint;
-    }
-    if (known->name != nullptr) {
-        return "the option " + name + " takes no value" + hint;
-    }
-    return "unknown or ambiguous option " + (optopt != 0 ? name : typed) + hint;
-}
-
-/// An empty value is one that a script has lost: without it the program would run where it was to save.
-std::string valueOf(const char* name, const std::string& value)
-{
-    if (value.empty()) {
-        throw RunError(std::string("the option ") + name + " needs a value" + hint);
-    }
-    return value;
-}
-
 } // namespace
 
 RunOptions RunOptions::parse(int argc, char** argv)
 {
     RunOptions options;
-    optind = 0; // a fresh start, should the program's own tests call twice
-    opterr = 0;
-    for (int result = 0;
-         (result = getopt_long(argc, argv, ":o:n:q", longOptions, nullptr)) != -1;) {
-        const std::string value = optarg != nullptr ? optarg : "";
+    COM_CommandLine line("quorvex-run", known, argc, argv);
+    for (int result = 0; (result = line.next()) != COM_CommandLine::END;) {
+        const std::string& value = line.value();
         switch (result) {
         case OUTPUT:
-            options.mOutput = valueOf("--output", value);
+            options.mOutput = value;
             break;
         case STEPS:
             options.mSteps = stepsOf(value);
@@ -136,7 +94,7 @@ RunOptions RunOptions::parse(int argc, char** argv)
             options.mIsQuiet = true;
             break;
         case METHOD:
-            options.mMethod = valueOf("--method", value);
+            options.mMethod = value;
             break;
         case SET:
             options.mSettings.push_back(settingOf(value));
@@ -151,13 +109,13 @@ RunOptions RunOptions::parse(int argc, char** argv)
             options.mIsForced = true;
             break;
         case WRITE_XML:
-            options.mXmlFile = valueOf("--write-xml", value);
+            options.mXmlFile = value;
             break;
         case WRITE_PROJECT:
-            options.mProjectDirectory = valueOf("--write-project", value);
+            options.mProjectDirectory = value;
             break;
         case TABLE:
-            options.mTableFile = valueOf("--table", value);
+            options.mTableFile = value;
             break;
         case PLOT:
             options.mIsPlotted = true;
@@ -172,23 +130,23 @@ RunOptions RunOptions::parse(int argc, char** argv)
             options.mIsHelp = true;
             break;
         default:
-            throw RunError(usageError(result, argv));
+            throw RunError(line.error());
         }
     }
     if (options.mIsHelp || options.mIsVersion) {
         return options;
     }
-    const int inputs = argc - optind;
-    if (options.mIsDefault && inputs > 0) {
+    const std::vector<std::string> inputs = line.operands();
+    if (options.mIsDefault && !inputs.empty()) {
         throw RunError("--default starts from the default problem and takes no input");
     }
-    if (!options.mIsDefault && inputs != 1) {
+    if (!options.mIsDefault && inputs.size() != 1) {
         throw RunError(
-            std::string(inputs == 0 ? "no input is given" : "more than one input is given")
+            std::string(inputs.empty() ? "no input is given" : "more than one input is given")
             + "; it takes one: a project directory, a parameters file (.xml), or a directory with "
               "qv1.dat");
     }
-    options.mInput = options.mIsDefault ? "" : argv[optind];
+    options.mInput = options.mIsDefault ? "" : inputs.front();
     return options;
 }
 
