@@ -40,21 +40,26 @@ QByteArray GUI2D_Image::formatOf(const std::string& fileName)
     return "BMP";
 }
 
-bool GUI2D_Image::write(const QImage& image, const std::string& fileName)
+QByteArray GUI2D_Image::contents(const QImage& image, const QByteArray& format)
 {
     if (image.isNull()) {
-        return false;
+        return {};
     }
-    const QByteArray format = formatOf(fileName);
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     const bool isEncoded =
         format == "GIF" ? writeGif(image, buffer) : QImageWriter(&buffer, format).write(image);
-    if (!isEncoded) {
+    return isEncoded ? buffer.data() : QByteArray();
+}
+
+bool GUI2D_Image::write(const QImage& image, const std::string& fileName)
+{
+    const QByteArray bytes = contents(image, formatOf(fileName));
+    if (bytes.isEmpty()) {
         return false;
     }
     COM_FileWriter file(fileName);
-    file.stream().write(buffer.data().constData(), buffer.data().size());
+    file.stream().write(bytes.constData(), bytes.size());
     return file.commit();
 }
 

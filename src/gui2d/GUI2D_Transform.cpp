@@ -91,14 +91,19 @@ void GUI2D_Transform::show(const GUI2D_Plotter& source) const
     if (root == nullptr) {
         return;
     }
-    const std::string description = getDescription();
-    const std::string suffix = description.empty() ? "" : " - " + description;
     const COM_Scoped result(
-        GUI2D_PlotterWindow::New(*root, GUI_Object::translate("Quorvex Tools") + suffix));
-    GUI2D_Plotter& plotter = *result->getPlotter();
-    plotter.setXLabel(wrapped(source.getXLabel(), mIsLogX, mIsFFTX));
-    plotter.setYLabel(wrapped(source.getYLabel(), mIsLogY, mIsFFTY));
-    plotter.setTitle(source.getTitle() + suffix);
+        GUI2D_PlotterWindow::New(*root, GUI_Object::translate("Quorvex Tools") + suffix()));
+    draw(source, *result->getPlotter());
+    result->show();
+    result->move(window->pos());
+    result->setSize(window->width(), window->height());
+}
+
+void GUI2D_Transform::draw(const GUI2D_Plotter& source, GUI2D_Plotter& target) const
+{
+    target.setXLabel(wrapped(source.getXLabel(), mIsLogX, mIsFFTX));
+    target.setYLabel(wrapped(source.getYLabel(), mIsLogY, mIsFFTY));
+    target.setTitle(source.getTitle() + suffix());
     const COM_Scoped black(COM_Color::New());
     const COM_Array<GUI2D_Curve>& curves = source.getCurves();
     for (unsigned long i = 0; i < curves.size(); ++i) {
@@ -107,10 +112,13 @@ void GUI2D_Transform::show(const GUI2D_Plotter& source) const
         const COM_Scoped y(newCopy(curve.getYValues()));
         apply(*x, *y);
         COM_Color* const color = curve.getColor();
-        result->addPlot(*x, *y, curve.getName(), curve.isShown(),
-                        color == nullptr ? *black : *color);
+        target.addPlot(*x, *y, curve.getName(), curve.isShown(),
+                       color == nullptr ? *black : *color);
     }
-    result->show();
-    result->move(window->pos());
-    result->setSize(window->width(), window->height());
+}
+
+std::string GUI2D_Transform::suffix() const
+{
+    const std::string description = getDescription();
+    return description.empty() ? "" : " - " + description;
 }

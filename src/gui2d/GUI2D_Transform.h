@@ -19,6 +19,8 @@ struct GUI2D_Transform
     /// Shows the transformed curves in a new plotter window, a child of the main window, at the place and
     /// size of that of `source`, which stays as it was.
     void show(const GUI2D_Plotter& source) const;
+    /// Gives a plotter the transformed curves of `source`, and a title and labels that tell what was done.
+    void draw(const GUI2D_Plotter& source, GUI2D_Plotter& target) const;
 
     /// Transforms the values of one curve. Where one axis alone is Fourier transformed, frequency 0 stands in
     /// the middle and the other axis becomes that of the angular frequencies 2 pi k / (2^n period), from
@@ -26,4 +28,8 @@ struct GUI2D_Transform
     void apply(LA_RealVector& x, LA_RealVector& y) const;
     /// What is done to each axis, "LOG(FFT(X)) - FFT(Y)" for instance; empty when nothing is.
     std::string getDescription() const;
+
+private:
+    /// The description behind a dash, or nothing.
+    std::string suffix() const;
 };

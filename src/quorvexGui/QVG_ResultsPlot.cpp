@@ -1,7 +1,5 @@
 #include "quorvexGui/QVG_ResultsPlot.h"
 
-#include "common/COM_Color.h"
-#include "common/COM_Real.h"
 #include "common/COM_Scoped.h"
 #include "gui/GUI_Message.h"
 #include "gui/GUI_RootWindow.h"
@@ -10,27 +8,10 @@
 #include "quorvexGui/QVG_Captor.h"
 #include "quorvexGui/QVG_CaptorsSelectionPanel.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace {
 
 constexpr int width = 800;
 constexpr int height = 500;
-constexpr int componentsNumber = 3; ///< Steps of the colour counter for a captor.
-
-/// From red at the first captor to blue behind the last one. Requires: `captors` is not 0.
-COM_Color* newFieldColor(unsigned long counter, unsigned long captors)
-{
-    const double part =
-        255.0 * static_cast<double>(counter) / static_cast<double>(componentsNumber * captors);
-    return COM_Color::New(static_cast<int>(255.0 - part), 0, static_cast<int>(part));
-}
-
-int shade(double part)
-{
-    return 1 + static_cast<int>(254.0 * part);
-}
 
 /// What the reader of the files is to know.
 QV_Results::Captor filesOf(const QVG_Captor& captor)
@@ -41,11 +22,6 @@ QV_Results::Captor filesOf(const QVG_Captor& captor)
     files.mBlochEquationsNumber = captor.getBlochEquationsNumber();
     files.mEDimension = captor.getEDimension();
     return files;
-}
-
-std::string atCaptor(unsigned long k)
-{
-    return GUI_Object::translate("at Captor") + " " + std::to_string(k + 1);
 }
 
 } // namespace
@@ -64,7 +40,7 @@ void QVG_ResultsPlot::show(GUI_RootWindow& mainWindow, const QVG_CaptorsSelectio
         }
     }
     if (isNormalized) {
-        plot.normalize();
+        plot.mCurves.normalize();
     }
     plot.finish();
 }
@@ -72,10 +48,8 @@ void QVG_ResultsPlot::show(GUI_RootWindow& mainWindow, const QVG_CaptorsSelectio
 QVG_ResultsPlot::QVG_ResultsPlot(GUI2D_PlotterWindow& window, const std::string& directory,
                                  unsigned long captorsNumber)
     : mWindow(window)
-    , mCaptorsNumber(captorsNumber)
+    , mCurves(*window.getPlotter(), captorsNumber)
 {
-    mWindow.getPlotter()->setTitle(GUI_Object::translate("Quorvex Solutions"));
-    mWindow.getPlotter()->setXLabel(GUI_Object::translate("Times"));
     mResults.readCaptors(directory);
     mResults.readTimes();
 }
@@ -96,36 +70,18 @@ void QVG_ResultsPlot::addCaptor(const QVG_Captor& captor, unsigned long k)
 void QVG_ResultsPlot::addFields(const QVG_Captor& captor, const QV_Results::Captor& files,
                                 unsigned long k)
 {
-    if (mYLabel.empty()) {
-        mYLabel = GUI_Object::translate("E Fields");
-    }
-    const std::vector<std::vector<double>> components = mResults.readFields(files);
-    for (const std::vector<double>& values : components) {
-        for (const double value : values) {
-            mMaxField = std::max(mMaxField, std::abs(value));
-        }
-    }
-    const COM_Scoped color(newFieldColor(mColorCounter, mCaptorsNumber));
-    mColorCounter += componentsNumber;
+    std::vector<GUI2D_CaptorCurves::Component> components;
     if (captor.isEx()) {
-        addField(components, 0, "Ex " + atCaptor(k), *color);
+        components.push_back({"Ex", 0});
     }
     if (captor.isEy()) {
-        addField(components, 1, "Ey " + atCaptor(k), *color);
+        components.push_back({"Ey", 1});
     }
     // The forms offer no third component: it has no column of its own.
     if (captor.isEz()) {
-        addField(components, 1, "Ez " + atCaptor(k), *color);
+        components.push_back({"Ez", 1});
     }
-}
-
-void QVG_ResultsPlot::addField(const std::vector<std::vector<double>>& components,
-                               std::size_t component, const std::string& name, COM_Color& color)
-{
-    mWindow.addPlot(mResults.getTimes().mSeconds,
-                    component < components.size() ? components[component] : std::vector<double>(),
-                    name, color);
-    ++mFieldsNumber;
+    mCurves.addFields(k, mResults.getTimes().mSeconds, mResults.readFields(files), components);
 }
 
 void QVG_ResultsPlot::addDensities(const QVG_Captor& captor, const QV_Results::Captor& files,
@@ -143,42 +99,17 @@ void QVG_ResultsPlot::addDensities(const QVG_Captor& captor, const QV_Results::C
     if (elements.empty()) {
         return;
     }
-    if (mYLabel.find("Rho") == std::string::npos) {
-        mYLabel += (mYLabel.empty() ? "" : " ") + GUI_Object::translate("Rho Fields");
-    }
-    const auto part = [](unsigned long value, unsigned long whole) {
-        return static_cast<double>(value) / static_cast<double>(whole);
-    };
     std::vector<std::vector<double>> values = mResults.readDensities(files, b, elements);
     for (std::size_t e = 0; e < elements.size(); ++e) {
         const auto [i, j] = elements[e];
-        const COM_Scoped color(COM_Color::New(shade(part(i * j, size * size)),
-                                              shade(part(b, captor.getBlochEquationsNumber())),
-                                              shade(part(k, mCaptorsNumber))));
         const QV_Results::Curve curve = mResults.curveOf(std::move(values[e]));
-        mWindow.addPlot(curve.mX, curve.mY,
-                        "Bloch Eq:" + std::to_string(b) + " Rho[" + std::to_string(i) + "]["
-                            + std::to_string(j) + "] " + atCaptor(k),
-                        *color);
+        mCurves.addDensity(k, {b, captor.getBlochEquationsNumber(), i, j, size}, curve.mX,
+                           curve.mY);
     }
-}
-
-void QVG_ResultsPlot::normalize()
-{
-    if (mFieldsNumber == 0) {
-        return;
-    }
-    for (const char* const component : {"Ex", "Ey", "Ez"}) {
-        mWindow.curvesYNormalization(component, mMaxField);
-    }
-    GUI2D_Plotter& plotter = *mWindow.getPlotter();
-    plotter.setTitle(plotter.getTitle() + " (" + GUI_Object::translate("E Normalized by") + " "
-                     + COM_Real::toString(mMaxField) + ")");
 }
 
 void QVG_ResultsPlot::finish()
 {
-    mWindow.getPlotter()->setYLabel(mYLabel);
     mWindow.setSize(width, height);
     if (mWindow.getPlotsNumber() > 0) {
         mWindow.show();

@@ -1,9 +1,9 @@
 #pragma once
+#include "gui2d/GUI2D_CaptorCurves.h"
 #include "quorvex/QV_Results.h"
 
 #include <string>
 
-class COM_Color;
 class GUI2D_PlotterWindow;
 class GUI_RootWindow;
 class QVG_Captor;
@@ -31,16 +31,9 @@ private:
     void addFields(const QVG_Captor& captor, const QV_Results::Captor& files, unsigned long k);
     void addDensities(const QVG_Captor& captor, const QV_Results::Captor& files, unsigned long b,
                       unsigned long k);
-    void addField(const std::vector<std::vector<double>>& components, std::size_t component,
-                  const std::string& name, COM_Color& color);
-    void normalize();
     void finish();
 
     GUI2D_PlotterWindow& mWindow;
     QV_Results mResults;
-    unsigned long mCaptorsNumber;
-    std::string mYLabel;
-    double mMaxField = -1.0;         ///< Greatest absolute value of a field; negative before any.
-    unsigned long mFieldsNumber = 0; ///< Curves of fields.
-    unsigned long mColorCounter = 0; ///< Three for each captor with a field.
+    GUI2D_CaptorCurves mCurves;
 };

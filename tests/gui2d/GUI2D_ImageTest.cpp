@@ -124,3 +124,16 @@ TEST(GUI2D_Image, AFileThatIsThereIsReplacedWhole)
     EXPECT_EQ(readBack(directory, "a.gif", "gif"), image);
     EXPECT_LT(directory.read("a.gif").size(), 2000U);
 }
+
+TEST(GUI2D_Image, ContentsAreThoseOfTheFile)
+{
+    const TestDirectory directory;
+    const QImage image = noise(20, 10, 4);
+    for (const char* const name : {"a.bmp", "a.gif", "a.jpg"}) {
+        ASSERT_TRUE(GUI2D_Image::write(image, directory.file(name)));
+        EXPECT_EQ(GUI2D_Image::contents(image, GUI2D_Image::formatOf(name)).toStdString(),
+                  directory.read(name));
+    }
+    EXPECT_TRUE(GUI2D_Image::contents(QImage(), "GIF").isEmpty());
+    EXPECT_TRUE(GUI2D_Image::contents(image, "none").isEmpty());
+}

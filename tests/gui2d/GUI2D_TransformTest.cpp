@@ -226,3 +226,22 @@ TEST(GUI2D_Transform, WithoutAnyTheTitleStays)
     EXPECT_EQ(windows[1]->getPlotter()->getTitle(), "Title");
     EXPECT_EQ(valuesOf(*windows[1]->getPlotter()->getCurves()[0].getXValues()), Values{1.0});
 }
+
+TEST(GUI2D_Transform, IsDrawnOnAPlotterWithoutAWindow)
+{
+    const COM_Scoped source(GUI2D_Plotter::New());
+    const COM_Scoped green(COM_Color::New(0, 255, 0));
+    source->addPlot({1.0, 10.0}, {-100.0, 1000.0}, "one", *green);
+    const COM_Scoped target(GUI2D_Plotter::New());
+    GUI2D_Transform{.mIsLogX = true, .mIsLogY = true}.draw(*source, *target);
+    EXPECT_EQ(target->getTitle(), "Title - LOG(X) - LOG(Y)");
+    EXPECT_EQ(target->getXLabel(), "LOG(XLabel)");
+    EXPECT_EQ(target->getYLabel(), "LOG(YLabel)");
+    ASSERT_EQ(target->getPlotsNumber(), 1U);
+    const GUI2D_Curve& curve = target->getCurves()[0];
+    EXPECT_EQ(curve.getName(), "one");
+    EXPECT_EQ(curve.getColor(), green.get());
+    expectNear(valuesOf(*curve.getXValues()), {0.0, 1.0});
+    expectNear(valuesOf(*curve.getYValues()), {2.0, 3.0});
+    EXPECT_EQ(valuesOf(*source->getCurves()[0].getYValues()), (Values{-100.0, 1000.0}));
+}
