@@ -21,7 +21,8 @@ namespace {
 
 constexpr std::chrono::seconds patience(60);
 constexpr std::chrono::milliseconds breath(5);
-constexpr const char* programName = "quorvex-run";
+/// As its file is called.
+const std::string programName = std::filesystem::path(QUORVEX_CALLED_PROGRAM).filename().string();
 
 void closeHandle(int& handle)
 {
@@ -58,8 +59,8 @@ void RunCall::setPreparation(std::function<void()> preparation)
 void RunCall::start()
 {
     // Opened beforehand: the preparation may take the right to look into the program's directory.
-    const int program = open(QUORVEX_RUN_PROGRAM, O_RDONLY | O_CLOEXEC);
-    ASSERT_GE(program, 0) << QUORVEX_RUN_PROGRAM;
+    const int program = open(QUORVEX_CALLED_PROGRAM, O_RDONLY | O_CLOEXEC);
+    ASSERT_GE(program, 0) << QUORVEX_CALLED_PROGRAM;
     int out[2] = {-1, -1};
     int error[2] = {-1, -1};
     ASSERT_EQ(pipe2(out, O_CLOEXEC), 0);
@@ -219,7 +220,7 @@ int RunCall::finish()
 
 std::string RunCall::complaint() const
 {
-    const std::string begin = std::string(programName) + ": ";
+    const std::string begin = programName + ": ";
     std::istringstream lines(mError);
     std::string line;
     std::string last;

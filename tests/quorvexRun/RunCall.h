@@ -6,7 +6,7 @@
 #include <sys/types.h>
 #include <vector>
 
-/// A call of the batch program, in a process of its own and with what it prints read through pipes.
+/// A call of one of the programs without windows, in a process of its own and with what it prints read through pipes.
 ///
 /// The process is ended with the object at the latest, and by its own alarm should the test be gone.
 class RunCall
