@@ -2,6 +2,7 @@
 # Builds the release and starts it.
 #
 #   ./run.sh              with a display the desktop program, without one the 2 pi pulse of self-induced transparency
+#                         and a picture of it
 #   ./run.sh ARGUMENTS    the desktop program, without a display the batch program, with these arguments
 #
 # Installs what is missing on a Debian system.
@@ -12,31 +13,37 @@ top=$PWD
 . packaging/ensure-packages.sh
 build=build/run
 
-# build PROGRAM CMAKE_OPTIONS...
+# build ON|OFF PROGRAM...    with or without the libraries of windows
 build() {
-    program=$1
+    cmake --preset release -B "$build" -DQUORVEX_BUILD_TESTS=OFF -DQUORVEX_WERROR=OFF -DQUORVEX_BUILD_GUI="$1" \
+        --log-level=WARNING >&2
     shift
-    cmake --preset release -B "$build" -DQUORVEX_BUILD_TESTS=OFF -DQUORVEX_WERROR=OFF "$@" --log-level=WARNING >&2
-    cmake --build "$build" -j2 --target "$program" >&2
+    cmake --build "$build" -j2 --target "$@" >&2
 }
 
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     # shellcheck disable=SC2086
     ensure_packages $BUILD_PACKAGES $GUI_PACKAGES
-    build quorvex-gui -DQUORVEX_BUILD_GUI=ON
+    build ON quorvex-gui
     cd "$start"
     exec "$top/$build/src/quorvexGui/quorvex" "$@"
 fi
 
-# shellcheck disable=SC2086
-ensure_packages $BUILD_PACKAGES
-build quorvex-run -DQUORVEX_BUILD_GUI=OFF
-program=$top/$build/src/quorvexRun/quorvex-run
+run=$top/$build/src/quorvexRun/quorvex-run
 if [ $# -gt 0 ]; then
+    # shellcheck disable=SC2086
+    ensure_packages $BUILD_PACKAGES
+    build OFF quorvex-run
     cd "$start"
-    exec "$program" "$@"
+    exec "$run" "$@"
 fi
+
+# shellcheck disable=SC2086
+ensure_packages $BUILD_PACKAGES $GUI_PACKAGES
+build ON quorvex-run quorvex-plot
 results=$start/resultats/self-induced-transparency
 mkdir -p "$results"
 echo "The 2 pi pulse of examples/self-induced-transparency; the log goes to $results/run.log" >&2
-exec "$program" --plot -o "$results" -n 3000 examples/self-induced-transparency/2pi.xml >"$results/run.log"
+"$run" --plot -o "$results" -n 3000 examples/self-induced-transparency/2pi.xml >"$results/run.log"
+"$top/$build/src/quorvexPlot/quorvex-plot" "$results" -o "$results/2pi.png"
+echo "The field at the captors is drawn in $results/2pi.png" >&2

@@ -14,7 +14,8 @@ mkdir "$scratch/tree" "$scratch/deb"
 tar -xzf "$build"/quorvex*.tar.gz -C "$scratch/tree" --strip-components=1
 dpkg-deb -x "$build"/quorvex_*.deb "$scratch/deb"
 
-for file in bin/quorvex bin/quorvex-run share/man/man1/quorvex.1.gz share/man/man1/quorvex-run.1.gz \
+for file in bin/quorvex bin/quorvex-run bin/quorvex-plot \
+    share/man/man1/quorvex.1.gz share/man/man1/quorvex-run.1.gz share/man/man1/quorvex-plot.1.gz \
     share/applications/quorvex.desktop share/mime/packages/quorvex.xml \
     share/icons/hicolor/48x48/apps/quorvex.png share/icons/hicolor/scalable/apps/quorvex.svg \
     share/icons/hicolor/scalable/mimetypes/application-x-quorvex-project.svg \
@@ -26,20 +27,29 @@ for file in bin/quorvex bin/quorvex-run share/man/man1/quorvex.1.gz share/man/ma
     [ -f "$scratch/tree/$file" ] || fail "the archive lacks $file"
     [ -f "$scratch/deb/usr/$file" ] || fail "the .deb lacks usr/$file"
 done
-for program in quorvex quorvex-run; do
+for program in quorvex quorvex-run quorvex-plot; do
     file "$scratch/deb/usr/bin/$program" | grep -q ELF || fail "$program is no program"
 done
 for library in libc6 libqt6widgets6 qt6-qpa-plugins; do
     dpkg-deb -f "$build"/quorvex_*.deb Depends | grep -q "$library" || fail "the .deb does not name $library"
 done
-gzip -dc "$scratch/tree/share/man/man1/quorvex-run.1.gz" | grep -q '^\.TH QUORVEX-RUN' ||
-    fail "the manual page is empty"
+for program in run plot; do
+    gzip -dc "$scratch/tree/share/man/man1/quorvex-$program.1.gz" | grep -qi "^\.TH QUORVEX-$program" ||
+        fail "the manual page of quorvex-$program is empty"
+done
 
 cd "$scratch"
 "$scratch/deb/usr/bin/quorvex-run" --version
 "$scratch/tree/bin/quorvex-run" "$scratch/tree/share/doc/quorvex/examples/self-induced-transparency/2pi.xml" \
     -n 300 -q -o results >log
 [ "$(wc -l <results/tps.res)" -eq 300 ] || fail "the unpacked program did not run"
+for program in "$scratch/tree/bin/quorvex-plot" "$scratch/deb/usr/bin/quorvex-plot"; do
+    rm -f 2pi.png
+    env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM "$program" results -o 2pi.png --density 1,1 2>plot.log ||
+        fail "quorvex-plot: $(cat plot.log)"
+    [ ! -s plot.log ] || fail "quorvex-plot complained: $(cat plot.log)"
+    file 2pi.png | grep -q 'PNG image data, 800 x 500' || fail "quorvex-plot drew: $(file 2pi.png)"
+done
 
 # The desktop program waits for its user. It finds its data beside itself: what it lacks it would name.
 status=0
