@@ -66,7 +66,7 @@ std::vector<double> SavedResults::seconds(int steps)
 {
     std::vector<double> values;
     for (int s = 0; s < steps; ++s) {
-        values.push_back(PERIOD * (s + 1));
+        values.push_back(std::stod(real(PERIOD * (s + 1)))); // as the file has it
     }
     return values;
 }
