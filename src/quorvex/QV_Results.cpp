@@ -18,7 +18,8 @@
 
 namespace {
 
-constexpr std::size_t blockSize = 1UL << 20; ///< Bytes asked from the system at once.
+constexpr std::size_t blockSize = 1UL << 20;      ///< Bytes asked from the system at once.
+constexpr std::size_t smallBlockSize = 1UL << 14; ///< The same where many files are open.
 
 constexpr std::string_view fieldPrefix = "E_at_";
 constexpr std::string_view densityPrefix = "Rho_Bloch";
@@ -55,7 +56,7 @@ bool isDigit(char letter)
 class Scanner
 {
 public:
-    explicit Scanner(const std::string& name);
+    explicit Scanner(const std::string& name, std::size_t block = blockSize);
     ~Scanner();
     Scanner(const Scanner&) = delete;
     Scanner& operator=(const Scanner&) = delete;
@@ -89,7 +90,7 @@ private:
 };
 
 // A pipe would let the reader wait for ever and a device need not have an end.
-Scanner::Scanner(const std::string& name)
+Scanner::Scanner(const std::string& name, std::size_t block)
     : mHandle(::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY))
 {
     struct stat status
@@ -99,7 +100,7 @@ Scanner::Scanner(const std::string& name)
         mHandle = -1;
     }
     if (mHandle >= 0) {
-        mBuffer.resize(std::min(blockSize, static_cast<std::size_t>(status.st_size) + 1));
+        mBuffer.resize(std::min(block, static_cast<std::size_t>(status.st_size) + 1));
     }
 }
 
@@ -209,31 +210,74 @@ bool readCell(std::string_view word, bool isCount, double& value)
     return isNumber && count >= 0;
 }
 
+/// Reads a file line by line up to the first damaged one.
+class LineReader
+{
+public:
+    LineReader(const std::string& name, const Shape& shape, std::size_t block = blockSize)
+        : mScanner(name, block)
+        , mShape(shape)
+    {}
+
+    bool isOpen() const { return mScanner.isOpen(); }
+    /// Goes to the next line. False, then and ever after, at the end or at a damaged line.
+    bool next();
+    /// The present line, `mColumns` numbers. It is valid until `next`.
+    const std::vector<double>& line() const { return mLine; }
+
+private:
+    bool readLine();
+
+    Scanner mScanner;
+    Shape mShape;
+    std::vector<double> mLine;   ///< Grows with what is there, not with what should be.
+    bool mIsWordWaiting = false; ///< The scanner stands at the first word of the next line.
+    bool mIsAtEnd = false;
+};
+
+bool LineReader::next()
+{
+    mIsAtEnd = mIsAtEnd || !readLine();
+    return !mIsAtEnd;
+}
+
+bool LineReader::readLine()
+{
+    mLine.clear();
+    while (mIsWordWaiting || mScanner.next()) {
+        mIsWordWaiting = mScanner.isFirst() && mLine.size() == mShape.mColumns;
+        if (mIsWordWaiting) {
+            return true;
+        }
+        const bool isCutShort = mScanner.isFirst() && !mLine.empty();
+        const bool isTooLong = mLine.size() == mShape.mColumns;
+        const bool isCount = mShape.mHasCount && mLine.size() == 1;
+        double value = 0.0;
+        if (isCutShort || isTooLong || !readCell(mScanner.word(), isCount, value)) {
+            return false;
+        }
+        mLine.push_back(value);
+    }
+    return mLine.size() == mShape.mColumns && mScanner.isWhole();
+}
+
 /// Gives each line of a file to `sink`, as a vector of `mColumns` numbers, up to the first damaged
 /// one. False when the file cannot be opened.
 template <typename Sink>
 bool eachLine(const std::string& name, const Shape& shape, Sink sink)
 {
-    Scanner scanner(name);
-    std::vector<double> line; // grows with what is there, not with what should be
-    while (scanner.next()) {
-        if (scanner.isFirst() && line.size() == shape.mColumns) {
-            sink(std::as_const(line));
-            line.clear();
-        }
-        const bool isCutShort = scanner.isFirst() && !line.empty();
-        const bool isTooLong = line.size() == shape.mColumns;
-        const bool isCount = shape.mHasCount && line.size() == 1;
-        double value = 0.0;
-        if (isCutShort || isTooLong || !readCell(scanner.word(), isCount, value)) {
-            return true;
-        }
-        line.push_back(value);
+    LineReader reader(name, shape);
+    while (reader.next()) {
+        sink(reader.line());
     }
-    if (line.size() == shape.mColumns && scanner.isWhole()) {
-        sink(std::as_const(line));
-    }
-    return scanner.isOpen();
+    return reader.isOpen();
+}
+
+constexpr Shape timesShape{3};
+
+std::string unreadable(const std::string& fileName)
+{
+    return "The file " + fileName + " could not be read.";
 }
 
 QV_Results::Samples readColumn(const std::string& name, const Shape& shape, unsigned long column)
@@ -391,7 +435,7 @@ bool QV_Results::readCaptors(const std::string& directory)
     mMessage.clear();
     Scanner scanner(mDirectory + CAPTORS_FILE);
     if (!scanner.isOpen()) {
-        mMessage = "The file " + mDirectory + CAPTORS_FILE + " could not be read.";
+        mMessage = unreadable(mDirectory + CAPTORS_FILE);
         return false;
     }
     while (scanner.next()) {
@@ -411,13 +455,13 @@ bool QV_Results::readTimes()
     mTimes = {};
     mMessage.clear();
     const bool isOpen =
-        eachLine(mDirectory + TIMES_FILE, Shape{3}, [this](const std::vector<double>& line) {
+        eachLine(mDirectory + TIMES_FILE, timesShape, [this](const std::vector<double>& line) {
             mTimes.mT.push_back(line[0]);
             mTimes.mRabiFrequencies.push_back(line[1]);
             mTimes.mSeconds.push_back(line[2]);
         });
     if (!isOpen) {
-        mMessage = "The file " + mDirectory + TIMES_FILE + " could not be read.";
+        mMessage = unreadable(mDirectory + TIMES_FILE);
     }
     return isOpen;
 }
@@ -584,7 +628,8 @@ QV_Results::Table QV_Results::readTable(const Captor& captor) const
     if (hasField(captor) && captor.mEDimension > 0) {
         add(fieldFileName(captor.mLocation), fieldShape(captor), {true, 0, 0, 0, 0, {}});
     }
-    for (const unsigned long system : findSystems(captor)) {
+    std::error_code ignored;
+    for (const unsigned long system : findSystems(captor, ignored)) {
         add(densityFileName(system, captor.mLocation), densityShape(captor),
             {false, system, captor.mRhoSize, 0, 0, {}});
     }
@@ -593,14 +638,14 @@ QV_Results::Table QV_Results::readTable(const Captor& captor) const
 
 // Asked one by one, a hundred thousand systems that a damaged captors.res promises would cost as
 // many look-ups.
-std::vector<unsigned long> QV_Results::findSystems(const Captor& captor) const
+std::vector<unsigned long> QV_Results::findSystems(const Captor& captor,
+                                                   std::error_code& error) const
 {
     const std::size_t slash = mDirectory.rfind('/');
     const std::size_t size = slash == std::string::npos ? 0 : slash + 1;
     const std::string front = mDirectory.substr(size);
     std::vector<unsigned long> systems;
-    std::error_code ignored;
-    for (const std::string& name : namesIn(mDirectory.substr(0, size), ignored)) {
+    for (const std::string& name : namesIn(mDirectory.substr(0, size), error)) {
         std::string_view rest = name;
         long number = 0;
         if (!skip(rest, front) || !skip(rest, densityPrefix) || parseInteger(rest, number) == 0) {
@@ -614,6 +659,86 @@ std::vector<unsigned long> QV_Results::findSystems(const Captor& captor) const
     }
     std::sort(systems.begin(), systems.end());
     return systems;
+}
+
+// ---------------------------------------------------------------- rows
+
+/// One reader for each of the parts, in their order.
+struct QV_Results::Rows::Files
+{
+    std::unique_ptr<LineReader> mTimes;
+    std::vector<std::unique_ptr<LineReader>> mParts;
+};
+
+QV_Results::Rows::Rows(const QV_Results& results)
+    : mFiles(std::make_unique<Files>())
+{
+    const std::string& directory = results.mDirectory;
+    mFiles->mTimes =
+        std::make_unique<LineReader>(directory + TIMES_FILE, timesShape, smallBlockSize);
+    if (!mFiles->mTimes->isOpen()) {
+        mMessage = unreadable(directory + TIMES_FILE);
+    }
+    for (const Captor& captor : results.mCaptors) {
+        if (hasField(captor) && captor.mEDimension > 0) {
+            open(directory + fieldFileName(captor.mLocation),
+                 {captor.mLocation, true, 0, 0, captor.mEDimension, {}});
+        }
+        std::error_code error;
+        for (const unsigned long system : results.findSystems(captor, error)) {
+            open(directory + densityFileName(system, captor.mLocation),
+                 {captor.mLocation,
+                  false,
+                  system,
+                  captor.mRhoSize,
+                  1 + captor.mRhoSize * captor.mRhoSize,
+                  {}});
+        }
+        if (error && mMessage.empty()) {
+            mMessage =
+                "The directory " + (directory.empty() ? "." : directory) + " could not be read.";
+        }
+        if (!mMessage.empty()) {
+            return;
+        }
+    }
+}
+
+QV_Results::Rows::~Rows() = default;
+
+void QV_Results::Rows::open(const std::string& name, Part part)
+{
+    std::error_code error; // set where nobody can tell whether the file is there
+    const bool isMissing = !std::filesystem::exists(name, error) && !error;
+    if (!mMessage.empty() || isMissing) {
+        return;
+    }
+    auto reader =
+        std::make_unique<LineReader>(name, Shape{1 + part.mWidth, !part.mIsField}, smallBlockSize);
+    if (!reader->isOpen()) {
+        mMessage = unreadable(name);
+        return;
+    }
+    mFiles->mParts.push_back(std::move(reader));
+    mParts.push_back(std::move(part));
+}
+
+bool QV_Results::Rows::next()
+{
+    if (!mMessage.empty() || !mFiles->mTimes->next()) {
+        return false;
+    }
+    mSeconds = mFiles->mTimes->line()[2];
+    for (std::size_t i = 0; i < mParts.size(); ++i) {
+        LineReader& reader = *mFiles->mParts[i];
+        std::vector<double>& values = mParts[i].mValues;
+        if (reader.next()) {
+            values.assign(reader.line().begin() + 1, reader.line().end());
+        } else {
+            values.clear();
+        }
+    }
+    return true;
 }
 
 // ---------------------------------------------------------------- the files themselves

@@ -1,5 +1,7 @@
 #pragma once
+#include <memory>
 #include <string>
+#include <system_error>
 #include <vector>
 
 /// The reader of the result files of a run.
@@ -97,6 +99,51 @@ public:
         unsigned long mColumnsNumber = 2;
     };
 
+    /// All that was saved at all captors, read step by step and never held: one line of each file is in memory.
+    /// All files stay open meanwhile.
+    class Rows
+    {
+    public:
+        /// The columns of one file, without its times. Those of a field are its components, in V/m; those of a
+        /// density matrix the iterations, then the real parts of its elements, row after row.
+        struct Part
+        {
+            unsigned long mLocation; ///< Of the captor.
+            bool mIsField;           ///< Of the field, else of a density matrix.
+            unsigned long mSystem;   ///< Of the density matrix.
+            unsigned long mRhoSize;  ///< Of the density matrix.
+            unsigned long mWidth;    ///< Number of columns, at least 1.
+            /// Those of the present step: `mWidth` of them, or none when the file has ended before.
+            std::vector<double> mValues;
+        };
+
+        /// Opens tps.res and the files of the captors that `results` has read; `results` is not needed
+        /// further.
+        explicit Rows(const QV_Results& results);
+        ~Rows();
+        Rows(const Rows&) = delete;
+        Rows& operator=(const Rows&) = delete;
+
+        /// Why there are no rows, as a sentence without line end: tps.res is missing, or another file is there
+        /// and cannot be opened, as where there are more than a process may open. Empty when all is well.
+        const std::string& getMessage() const { return mMessage; }
+        /// Goes to the next step, at first to the first one. False behind the last line of tps.res.
+        bool next();
+        double getSeconds() const { return mSeconds; }
+        /// Captor after captor, the field first, then the systems. A file that is missing has none.
+        const std::vector<Part>& getParts() const { return mParts; }
+
+    private:
+        struct Files;
+
+        void open(const std::string& name, Part part);
+
+        std::unique_ptr<Files> mFiles;
+        std::vector<Part> mParts;
+        double mSeconds = 0.0;
+        std::string mMessage;
+    };
+
     static constexpr const char* CAPTORS_FILE = "captors.res";
     static constexpr const char* FREQUENCIES_FILE = "level_Frequencies.res";
     static constexpr const char* TIMES_FILE = "tps.res";
@@ -179,8 +226,9 @@ public:
     static Removal removeResultFiles(const std::string& directory);
 
 private:
-    /// The systems below `mBlochEquationsNumber` of which there is a density file, ascending.
-    std::vector<unsigned long> findSystems(const Captor& captor) const;
+    /// The systems below `mBlochEquationsNumber` of which there is a density file, ascending. `error` tells
+    /// when the directory could not be looked through.
+    std::vector<unsigned long> findSystems(const Captor& captor, std::error_code& error) const;
     /// One column of a density file; 0 holds the times, 1 the iterations, then comes the matrix.
     Samples readDensityColumn(const Captor& captor, unsigned long system,
                               unsigned long column) const;

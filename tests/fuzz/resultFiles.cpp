@@ -120,6 +120,42 @@ void checkTable(const QV_Results::Table& table, const QV_Results& results)
     require(std::isnan(table.getValue(0, columns)), "no further value");
 }
 
+/// The rows of all captors and the tables of each hold the same.
+void checkRows(const QV_Results& results)
+{
+    QV_Results::Rows rows(results);
+    unsigned long columns = 0;
+    for (const auto& part : rows.getParts()) {
+        columns += part.mWidth;
+    }
+    if (columns > mostNames || !rows.getMessage().empty()) {
+        return;
+    }
+    std::vector<QV_Results::Table> tables;
+    for (const QV_Results::Captor& captor : results.getCaptors()) {
+        tables.push_back(results.readTable(captor));
+    }
+    for (unsigned long row = 0; row < results.getTimes().mSeconds.size(); ++row) {
+        require(rows.next(), "a row for each time");
+        require(isSame(rows.getSeconds(), results.getTimes().mSeconds[row]), "a row has its time");
+        std::vector<double> expected;
+        for (const QV_Results::Table& table : tables) {
+            for (unsigned long column = 2; column < table.getColumnsNumber(); ++column) {
+                expected.push_back(table.getValue(row, column));
+            }
+        }
+        std::vector<double> values;
+        for (const auto& part : rows.getParts()) {
+            require(part.mValues.empty() || part.mValues.size() == part.mWidth,
+                    "all cells or none");
+            values.insert(values.end(), part.mValues.begin(), part.mValues.end());
+            values.resize(values.size() + part.mWidth - part.mValues.size(), std::nan(""));
+        }
+        require(areSame(values, expected), "rows have the values of tables");
+    }
+    require(!rows.next(), "no further row");
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -161,6 +197,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
              system < std::min<unsigned long>(captor.mBlochEquationsNumber, mostFiles); ++system) {
             checkDensity(results, table, captor, system);
         }
+    }
+    if (results.getCaptors().size() <= mostFiles) {
+        checkRows(results);
     }
     const QV_Results::Removal removal = QV_Results::removeResultFiles(scratchDirectory());
     require(removal.mIsComplete && removal.mRemoved == written, "the files of a run are removed");

@@ -1100,6 +1100,170 @@ TEST(QV_Results, ARunWithoutStepsHasATableOfNamesAlone)
               (Names{"t", "t (s)", "E0 (V/m)", "Rho_Bloch0 iterations", "Rho_Bloch0[0][0]"}));
 }
 
+// ---------------------------------------------------------------- rows
+
+namespace {
+
+/// All that the rows of a directory give: a text for each part, and below it a text for each step.
+Names rowsOf(const TestDirectory& directory)
+{
+    QV_Results results = resultsOf(directory);
+    QV_Results::Rows rows(results);
+    Names texts;
+    for (const auto& part : rows.getParts()) {
+        texts.push_back(printed("%s of %lu at %lu: %lu", part.mIsField ? "E" : "rho", part.mSystem,
+                                part.mLocation, part.mWidth));
+    }
+    while (rows.next()) {
+        std::string text = printed("%g:", rows.getSeconds());
+        for (const auto& part : rows.getParts()) {
+            for (const double value : part.mValues) {
+                text += printed(" %g", value);
+            }
+            text += ";";
+        }
+        texts.push_back(text);
+    }
+    return texts;
+}
+
+std::string messageOfRows(const TestDirectory& directory)
+{
+    QV_Results results = resultsOf(directory);
+    QV_Results::Rows rows(results);
+    EXPECT_FALSE(rows.next() && !rows.getMessage().empty());
+    std::string message = rows.getMessage();
+    const std::size_t place = message.find(directory.slashed());
+    return place == std::string::npos ? message
+                                      : message.replace(place, directory.slashed().size(), "@");
+}
+
+/// A captor at node 7.
+std::string captorText(int levels, int systems, int dimension)
+{
+    return captorLine(7, 0.5, "(1.0)", levels, systems, dimension);
+}
+
+} // namespace
+
+TEST(QV_Results, RowsHoldWhatTheTablesOfAllCaptorsHold)
+{
+    const TestDirectory directory;
+    Run::write(directory);
+    QV_Results results = resultsOf(directory);
+    ASSERT_TRUE(results.readTimes());
+    QV_Results::Rows rows(results);
+    for (unsigned long step = 0; step < Run::STEPS; ++step) {
+        ASSERT_TRUE(rows.next());
+        EXPECT_EQ(rows.getSeconds(), results.getTimes().mSeconds[step]);
+        Values expected;
+        for (const Captor& captor : results.getCaptors()) {
+            const Table table = results.readTable(captor);
+            for (unsigned long column = 2; column < table.getColumnsNumber(); ++column) {
+                expected.push_back(table.getValue(step, column));
+            }
+        }
+        Values values;
+        for (const auto& part : rows.getParts()) {
+            EXPECT_EQ(part.mValues.size(), part.mWidth);
+            values.insert(values.end(), part.mValues.begin(), part.mValues.end());
+        }
+        EXPECT_EQ(bits(values), bits(expected)) << step;
+    }
+    EXPECT_FALSE(rows.next());
+    EXPECT_FALSE(rows.next());
+    EXPECT_EQ(rows.getMessage(), "");
+}
+
+TEST(QV_Results, ThePartsOfRowsTellWhoseTheyAre)
+{
+    const TestDirectory directory;
+    Run::write(directory);
+    const Names rows = rowsOf(directory);
+    EXPECT_EQ(Names(rows.begin(), rows.begin() + 6),
+              (Names{"E of 0 at 3: 2", "rho of 0 at 3: 5", "rho of 1 at 3: 5", "E of 0 at 12: 2",
+                     "rho of 0 at 12: 5", "rho of 1 at 12: 5"}));
+}
+
+TEST(QV_Results, AShortFileLeavesItsPartOfARowEmptyAndALongOneIsCut)
+{
+    const TestDirectory directory;
+    directory.write("captors.res", captorText(1, 1, 1));
+    directory.write("tps.res", "1 2 0.5\n2 2 1\n3 2 1.5\n");
+    directory.write("E_at_7.res", "1 10\n2 20\n3 30\n4 40\n");
+    directory.write("Rho_Bloch0_at_7.res", "1 4 0.25\n");
+    EXPECT_EQ(rowsOf(directory), (Names{"E of 0 at 7: 1", "rho of 0 at 7: 2", "0.5: 10; 4 0.25;",
+                                        "1: 20;;", "1.5: 30;;"}));
+}
+
+TEST(QV_Results, BehindADamagedLineAPartOfARowStaysEmpty)
+{
+    const TestDirectory directory;
+    directory.write("captors.res", captorText(1, 0, 1));
+    directory.write("tps.res", "1 2 1\n2 2 2\n3 2 3\n4 2 x\n5 2 5\n");
+    for (const char* damaged : {"1 10\n2 x\n3 30\n", "1 10\n2\n3 30\n", "1 10\n2 20 5\n3 30\n"}) {
+        directory.write("E_at_7.res", damaged);
+        EXPECT_EQ(rowsOf(directory), (Names{"E of 0 at 7: 1", "1: 10;", "2:;", "3:;"})) << damaged;
+    }
+    directory.write("E_at_7.res", "1 10\n2 20\n3 30");
+    EXPECT_EQ(rowsOf(directory), (Names{"E of 0 at 7: 1", "1: 10;", "2: 20;", "3:;"}));
+}
+
+TEST(QV_Results, AMissingFileHasNoPartInARow)
+{
+    const TestDirectory directory;
+    directory.write("captors.res", captorText(1, 3, 1));
+    directory.write("tps.res", "1 2 0.5\n");
+    EXPECT_EQ(rowsOf(directory), Names{"0.5:"});
+    directory.write("Rho_Bloch2_at_7.res", "1 4 0.25\n");
+    EXPECT_EQ(rowsOf(directory), (Names{"rho of 2 at 7: 2", "0.5: 4 0.25;"}));
+    EXPECT_EQ(messageOfRows(directory), "");
+}
+
+TEST(QV_Results, WithoutTimesThereAreNoRowsAndAMessage)
+{
+    const TestDirectory directory;
+    directory.write("captors.res", captorText(1, 0, 1));
+    directory.write("E_at_7.res", "1 10\n");
+    EXPECT_EQ(messageOfRows(directory), "The file @tps.res could not be read.");
+    directory.write("tps.res", "");
+    EXPECT_EQ(rowsOf(directory), Names{"E of 0 at 7: 1"});
+    EXPECT_EQ(messageOfRows(directory), "");
+}
+
+TEST(QV_Results, AFileThatIsThereAndCannotBeReadLeavesNoRows)
+{
+    const TestDirectory directory;
+    directory.write("captors.res", captorText(1, 1, 1));
+    directory.write("tps.res", "1 2 0.5\n");
+    std::filesystem::create_directory(directory.file("E_at_7.res"));
+    EXPECT_EQ(messageOfRows(directory), "The file @E_at_7.res could not be read.");
+    std::filesystem::remove(directory.file("E_at_7.res"));
+    ASSERT_EQ(mkfifo(directory.file("Rho_Bloch0_at_7.res").c_str(), 0600), 0);
+    EXPECT_EQ(messageOfRows(directory), "The file @Rho_Bloch0_at_7.res could not be read.");
+}
+
+TEST(QV_Results, MoreFilesThanAProcessMayOpenLeaveNoRowsRatherThanFewer)
+{
+    const TestDirectory directory;
+    std::string captors;
+    for (int location = 100; location < 200; ++location) {
+        captors += captorLine(location, 0.5, "(1.0)", 1, 0, 1);
+        directory.write(printed("E_at_%i.res", location), "1 10\n");
+    }
+    directory.write("captors.res", captors);
+    directory.write("tps.res", "1 2 0.5\n");
+    EXPECT_EQ(messageOfRows(directory), "");
+    EXPECT_EQ(runInChild([&directory] {
+                  const rlimit few{64, 64};
+                  setrlimit(RLIMIT_NOFILE, &few);
+                  QV_Results results = resultsOf(directory);
+                  QV_Results::Rows rows(results);
+                  return !rows.getMessage().empty() && !rows.next() ? 0 : 1;
+              }),
+              0);
+}
+
 // ---------------------------------------------------------------- a whole run
 
 TEST(QV_Results, ARunComesBackToTheLastDigitWritten)
