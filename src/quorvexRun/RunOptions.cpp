@@ -1,8 +1,11 @@
 #include "quorvexRun/RunOptions.h"
 
 #include "common/COM_CommandLine.h"
+#include "quorvex/QV_Results.h"
 #include "quorvexRun/RunError.h"
 #include "quorvexRun/RunSettings.h"
+
+#include <filesystem>
 
 namespace {
 
@@ -18,6 +21,8 @@ enum Option {
     WRITE_XML,
     WRITE_PROJECT,
     TABLE,
+    EXPORT,
+    RESULTS,
     PLOT,
     PROGRESS,
     VERSION,
@@ -36,6 +41,8 @@ constexpr Line::Option known[] = {{"output", OUTPUT, Line::SOME_VALUE},
                                   {"write-xml", WRITE_XML, Line::SOME_VALUE},
                                   {"write-project", WRITE_PROJECT, Line::SOME_VALUE},
                                   {"table", TABLE, Line::SOME_VALUE},
+                                  {"export", EXPORT, Line::SOME_VALUE},
+                                  {"results", RESULTS, Line::SOME_VALUE},
                                   {"plot", PLOT, Line::NO_VALUE},
                                   {"quiet", QUIET, Line::NO_VALUE},
                                   {"progress", PROGRESS, Line::ANY_VALUE},
@@ -75,7 +82,23 @@ std::pair<std::string, std::string> settingOf(const std::string& text)
     return {text.substr(0, equal), text.substr(equal + 1)};
 }
 
+/// Results must not be replaced by the table that is made of them.
+std::string exportFileOf(const std::string& file)
+{
+    if (QV_Results::isResultFileName(std::filesystem::path(file).filename().string())) {
+        throw RunError("--export takes another name than that of a result file, not \"" + file
+                       + "\"");
+    }
+    return file;
+}
+
 } // namespace
+
+bool RunOptions::isAboutARun() const
+{
+    return mIsDefault || mSteps || mIsCheckOnly || mIsForced || mIsPlotted || isSavedOnly()
+           || !mOutput.empty() || !mMethod.empty() || !mSettings.empty() || !mTableFile.empty();
+}
 
 RunOptions RunOptions::parse(int argc, char** argv)
 {
@@ -117,6 +140,12 @@ RunOptions RunOptions::parse(int argc, char** argv)
         case TABLE:
             options.mTableFile = value;
             break;
+        case EXPORT:
+            options.mExportFile = exportFileOf(value);
+            break;
+        case RESULTS:
+            options.mResults = value;
+            break;
         case PLOT:
             options.mIsPlotted = true;
             break;
@@ -137,6 +166,16 @@ RunOptions RunOptions::parse(int argc, char** argv)
         return options;
     }
     const std::vector<std::string> inputs = line.operands();
+    if (!options.mResults.empty()) {
+        if (options.mExportFile.empty()) {
+            throw RunError("--results needs --export FILE, which says where to write them");
+        }
+        if (!inputs.empty() || options.isAboutARun()) {
+            throw RunError(
+                "--results runs nothing: besides it only --export and --quiet are taken");
+        }
+        return options;
+    }
     if (options.mIsDefault && !inputs.empty()) {
         throw RunError("--default starts from the default problem and takes no input");
     }
@@ -153,6 +192,7 @@ RunOptions RunOptions::parse(int argc, char** argv)
 std::string RunOptions::helpText()
 {
     return "usage: quorvex-run [OPTIONS] INPUT\n"
+           "       quorvex-run --export FILE --results DIR\n"
            "\n"
            "Sends a light pulse through a resonant medium and writes what the captors see.\n"
            "\n"
@@ -173,6 +213,11 @@ std::string RunOptions::helpText()
            "      --write-xml FILE     saves the problem in place of running it\n"
            "      --write-project DIR  saves it as a project in place of running it\n"
            "      --table FILE     after the run, writes what all captors saw as one table\n"
+           "      --export FILE    after the run, writes the same as comma separated values "
+           "(.csv)\n"
+           "      --results DIR    takes the results in DIR in place of running: --export alone "
+           "goes "
+           "with it\n"
            "      --plot           after the run, draws what the captors saw\n"
            "  -q, --quiet          no progress, notes or summary\n"
            "      --progress=auto|always|never\n"

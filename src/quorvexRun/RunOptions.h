@@ -17,7 +17,9 @@ struct RunOptions
     std::string mXmlFile;          ///< Save the problem here in place of running it; empty: run.
     std::string mProjectDirectory; ///< The same as a project.
     std::string mTableFile;        ///< After the run, all captors as one table; empty: none.
-    bool mIsDefault = false;       ///< Start from the default problem; there is no input then.
+    std::string mExportFile;       ///< The same as comma separated values.
+    std::string mResults; ///< Directory of results that are exported in place of a run; empty: run.
+    bool mIsDefault = false; ///< Start from the default problem; there is no input then.
     bool mIsCheckOnly = false;
     bool mIsForced = false;
     bool mIsQuiet = false;
@@ -30,5 +32,7 @@ struct RunOptions
     static RunOptions parse(int argc, char** argv);
     static std::string helpText();
 
+    /// Whether anything was asked for that only a run, or a problem, can give.
+    bool isAboutARun() const;
     bool isSavedOnly() const { return !mXmlFile.empty() || !mProjectDirectory.empty(); }
 };

@@ -8,6 +8,7 @@
 #include "quorvex/QV_Results.h"
 #include "quorvexRun/RunError.h"
 #include "quorvexRun/RunExit.h"
+#include "quorvexRun/RunExport.h"
 #include "quorvexRun/RunInput.h"
 #include "quorvexRun/RunProgress.h"
 #include "quorvexRun/RunProject.h"
@@ -59,7 +60,8 @@ int RunProgram::main(int argc, char** argv)
             std::cout << "quorvex-run " << QUORVEX_VERSION << "\n";
             return EXIT_SUCCESS;
         }
-        return RunProgram(options).perform();
+        const RunProgram program(options);
+        return options.mResults.empty() ? program.perform() : program.exportResults();
     } catch (const RunError& error) {
         std::cout.flush();
         std::cerr << "quorvex-run: " << error.what() << "\n";
@@ -68,7 +70,7 @@ int RunProgram::main(int argc, char** argv)
     }
 }
 
-int RunProgram::perform()
+int RunProgram::perform() const
 {
     RunInput input = mOptions.mIsDefault ? RunInput() : RunInput(mOptions.mInput);
     RunExit::enter(RunExit::READING, input.file().string());
@@ -187,6 +189,9 @@ int RunProgram::run(QV_1DProblem& problem, const std::filesystem::path& output) 
     prepare(output);
     const std::string table =
         mOptions.mTableFile.empty() ? "" : std::filesystem::absolute(mOptions.mTableFile).string();
+    const std::string exported = mOptions.mExportFile.empty()
+                                     ? ""
+                                     : std::filesystem::absolute(mOptions.mExportFile).string();
     const QV_Results::Removal removal = QV_Results::removeResultFiles(output.string());
     if (!removal.mIsComplete) {
         throw RunError("result files of a former run in " + output.string() + " cannot be removed");
@@ -225,7 +230,42 @@ int RunProgram::run(QV_1DProblem& problem, const std::filesystem::path& output) 
         std::cerr << "quorvex-run: the table " << table << " cannot be written\n";
         return RunExit::FAILED;
     }
+    if (result == 0 && !exported.empty() && !exportRun(exported)) {
+        return RunExit::FAILED;
+    }
     return finish(problem, result, isInterrupted);
+}
+
+bool RunProgram::exportRun(const std::string& fileName)
+{
+    RunExport results("");
+    switch (results.write(fileName, [] { return false; })) {
+    case RunExport::WRITTEN:
+        return true;
+    case RunExport::UNREADABLE:
+        std::cerr << "quorvex-run: nothing is exported: " << results.getMessage() << "\n";
+        return false;
+    default:
+        std::cerr << "quorvex-run: the file " << fileName << " cannot be written\n";
+        return false;
+    }
+}
+
+int RunProgram::exportResults() const
+{
+    RunExit::catchInterrupts();
+    RunExport results((std::filesystem::path(mOptions.mResults) / "").string());
+    switch (results.write(mOptions.mExportFile, [] { return RunExit::isInterrupted(); })) {
+    case RunExport::WRITTEN:
+        return EXIT_SUCCESS;
+    case RunExport::UNREADABLE:
+        throw RunError("nothing is exported: " + results.getMessage());
+    case RunExport::STOPPED:
+        std::cerr << "quorvex-run: interrupted; nothing is exported\n";
+        return RunExit::INTERRUPTED;
+    default:
+        throw RunError("the file " + mOptions.mExportFile + " cannot be written");
+    }
 }
 
 int RunProgram::finish(const QV_1DProblem& problem, int result, bool isInterrupted) const

@@ -44,6 +44,8 @@ TEST(RunOptions, AnInputAloneLeavesEverythingElseToItself)
     EXPECT_EQ(options.mXmlFile, "");
     EXPECT_EQ(options.mProjectDirectory, "");
     EXPECT_EQ(options.mTableFile, "");
+    EXPECT_EQ(options.mExportFile, "");
+    EXPECT_EQ(options.mResults, "");
     EXPECT_FALSE(options.mIsDefault);
     EXPECT_FALSE(options.mIsCheckOnly);
     EXPECT_FALSE(options.mIsForced);
@@ -57,10 +59,11 @@ TEST(RunOptions, AnInputAloneLeavesEverythingElseToItself)
 
 TEST(RunOptions, LongOptionsTakeTheirValuesInBothForms)
 {
-    for (const auto& words : {std::vector<std::string>{"--output=o", "--steps=30", "--method=pc",
-                                                       "--set=a=1", "--table=t", "p.xml"},
-                              {"--output", "o", "--steps", "30", "--method", "pc", "--set", "a=1",
-                               "--table", "t", "p.xml"}}) {
+    for (const auto& words :
+         {std::vector<std::string>{"--output=o", "--steps=30", "--method=pc", "--set=a=1",
+                                   "--table=t", "--export=e", "p.xml"},
+          {"--output", "o", "--steps", "30", "--method", "pc", "--set", "a=1", "--table", "t",
+           "--export", "e", "p.xml"}}) {
         const RunOptions options = parse(words);
         EXPECT_EQ(options.mOutput, "o");
         EXPECT_EQ(options.mSteps, 30UL);
@@ -68,6 +71,7 @@ TEST(RunOptions, LongOptionsTakeTheirValuesInBothForms)
         ASSERT_EQ(options.mSettings.size(), 1U);
         EXPECT_EQ(options.mSettings[0], std::pair(std::string("a"), std::string("1")));
         EXPECT_EQ(options.mTableFile, "t");
+        EXPECT_EQ(options.mExportFile, "e");
         EXPECT_EQ(options.mInput, "p.xml");
     }
 }
@@ -179,6 +183,55 @@ TEST(RunOptions, ExactlyOneInputIsTakenOrTheDefault)
     EXPECT_EQ(parse({"--default"}).mInput, "");
 }
 
+TEST(RunOptions, ResultsAreExportedWithoutAnInput)
+{
+    const RunOptions options = parse({"--results", "d", "--export=e.csv", "-q"});
+    EXPECT_EQ(options.mResults, "d");
+    EXPECT_EQ(options.mExportFile, "e.csv");
+    EXPECT_EQ(options.mInput, "");
+    EXPECT_TRUE(options.mIsQuiet);
+}
+
+TEST(RunOptions, ResultsNeedAFileToGoTo)
+{
+    const std::string text = "--results needs --export FILE, which says where to write them";
+    EXPECT_EQ(refusal({"--results", "d"}), text);
+    EXPECT_EQ(refusal({"--results", "d", "--table", "t"}), text);
+    EXPECT_EQ(refusal({"--results", "d", "p.xml"}), text);
+}
+
+TEST(RunOptions, ResultsAndWhatBelongsToARunDoNotGoTogether)
+{
+    for (const auto& words : {std::vector<std::string>{"p.xml"},
+                              {"--default"},
+                              {"-o", "o"},
+                              {"-n", "0"},
+                              {"--method=pc"},
+                              {"--set=a=1"},
+                              {"--check"},
+                              {"--force"},
+                              {"--write-xml=x"},
+                              {"--write-project=d"},
+                              {"--table=t"},
+                              {"--plot"}}) {
+        std::vector<std::string> all{"--results", "d", "--export=e.csv"};
+        all.insert(all.end(), words.begin(), words.end());
+        EXPECT_EQ(refusal(all),
+                  "--results runs nothing: besides it only --export and --quiet are taken")
+            << words[0];
+    }
+}
+
+TEST(RunOptions, AnExportDoesNotReplaceAResultFile)
+{
+    for (const char* file : {"tps.res", "d/captors.res", "/d/E_at_1.res", "Rho_Bloch0_at_1.res"}) {
+        EXPECT_EQ(refusal({"p.xml", "--export", file}),
+                  "--export takes another name than that of a result file, not \""
+                      + std::string(file) + "\"");
+    }
+    EXPECT_EQ(parse({"p.xml", "--export", "d/E_at_1.res.csv"}).mExportFile, "d/E_at_1.res.csv");
+}
+
 TEST(RunOptions, TwoDashesEndTheOptions)
 {
     EXPECT_EQ(parse({"-q", "--", "--check"}).mInput, "--check");
@@ -205,7 +258,8 @@ TEST(RunOptions, AnEmptyValueCountsAsMissing)
 {
     // A script with an empty variable would otherwise run where it wanted to save.
     const std::string hint = "; quorvex-run --help lists the options";
-    for (const char* name : {"--output", "--method", "--write-xml", "--write-project", "--table"}) {
+    for (const char* name : {"--output", "--method", "--write-xml", "--write-project", "--table",
+                             "--export", "--results"}) {
         const std::string text = std::string("the option ") + name + " needs a value" + hint;
         EXPECT_EQ(refusal({"p", name, ""}), text);
         EXPECT_EQ(refusal({"p", name + std::string("=")}), text);

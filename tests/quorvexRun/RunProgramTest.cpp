@@ -169,8 +169,9 @@ TEST(RunProgram, TheHelpNamesEveryOptionAndGoesToStandardOutput)
     EXPECT_TRUE(end.mOut.starts_with("usage: quorvex-run [OPTIONS] INPUT\n")) << end.mOut;
     for (const char* option :
          {"-o, --output DIR", "-n, --steps N", "--method NAME", "--set KEY=VALUE", "--default",
-          "--check", "--force", "--write-xml FILE", "--write-project DIR", "--table FILE", "--plot",
-          "-q, --quiet", "--progress=auto|always|never", "--version", "--help"}) {
+          "--check", "--force", "--write-xml FILE", "--write-project DIR", "--table FILE",
+          "--export FILE", "--results DIR", "--plot", "-q, --quiet", "--progress=auto|always|never",
+          "--version", "--help"}) {
         EXPECT_NE(end.mOut.find(std::string(" ") + option), std::string::npos) << option;
     }
 }
@@ -228,6 +229,17 @@ const BadCall BAD_CALLS[] = {
      {"p.xml", "--write-project", ""},
      "the option --write-project needs a value" + USAGE},
     {"EmptyTable", {"p.xml", "--table="}, "the option --table needs a value" + USAGE},
+    {"EmptyExport", {"p.xml", "--export", ""}, "the option --export needs a value" + USAGE},
+    {"EmptyResults", {"--results=", "--export=e"}, "the option --results needs a value" + USAGE},
+    {"ResultsWithoutExport",
+     {"--results", "former"},
+     "--results needs --export FILE, which says where to write them"},
+    {"ResultsWithOutput", // as all calls here have it
+     {"--results", "former", "--export", "e.csv"},
+     "--results runs nothing: besides it only --export and --quiet are taken"},
+    {"ExportOverAResult",
+     {"p.xml", "--export", "former/tps.res"},
+     "--export takes another name than that of a result file, not \"former/tps.res\""},
     {"StepsInWords", {"p.xml", "-n", "ten"}, "--steps takes a whole number from 0 on, not \"ten\""},
     {"NegativeSteps", {"p.xml", "-n", "-5"}, "--steps takes a whole number from 0 on, not \"-5\""},
     {"StepsWithAPoint",
@@ -1087,6 +1099,46 @@ TEST(RunProgram, ATableInAMissingDirectoryFailsButTheResultsAreThere)
     EXPECT_EQ(linesOfSteps(directory.path() / "resultats").at("tps.res"), 20);
 }
 
+TEST(RunProgram, AnExportOnAFullDeviceFailsButTheResultsAreThere)
+{
+    const TestDirectory directory;
+    const End end = call(directory, SMALL + Words{"--export", "/dev/full"});
+    EXPECT_EQ(end.mStatus, 1);
+    EXPECT_EQ(end.mComplaint, "the file /dev/full cannot be written");
+    EXPECT_EQ(linesOfSteps(directory.path() / "resultats").at("tps.res"), 20);
+}
+
+TEST(RunProgram, AnExportOfFormerResultsThatCannotBeWrittenIsRefused)
+{
+    const TestDirectory directory;
+    ASSERT_EQ(call(directory, SMALL + Words{"-q", "-o", "r"}).mStatus, 0);
+    const auto before = contentsOf(directory.path());
+    for (const char* file : {"missing/e.csv", "/dev/full", "r"}) {
+        const End end = call(directory, {"--results", "r", "--export", file});
+        EXPECT_EQ(end.mStatus, 2);
+        EXPECT_EQ(end.mComplaint, std::string("the file ") + file + " cannot be written");
+    }
+    EXPECT_EQ(contentsOf(directory.path()), before);
+}
+
+TEST(RunProgram, ResultsThatAreNotThereAreRefusedAndAFormerExportStays)
+{
+    const TestDirectory directory;
+    directory.write("e.csv", "former");
+    std::filesystem::create_directory(directory.path() / "r");
+    const auto refusal = [&directory](const char* results) {
+        const End end = call(directory, {"--results", results, "--export", "e.csv"});
+        EXPECT_EQ(end.mStatus, 2);
+        return end.mComplaint;
+    };
+    EXPECT_EQ(refusal("r"), "nothing is exported: The file r/captors.res could not be read.");
+    EXPECT_EQ(refusal("x/"), "nothing is exported: The file x/captors.res could not be read.");
+    directory.write("r/captors.res", "");
+    EXPECT_EQ(refusal("r/"), "nothing is exported: The file r/tps.res could not be read.");
+    EXPECT_EQ(directory.read("e.csv"), "former");
+    EXPECT_EQ(namesIn(directory.path()), (Words{"e.csv", "r"}));
+}
+
 // ---------------------------------------------------------------- interrupts
 
 namespace {
@@ -1192,6 +1244,46 @@ TEST(RunProgram, AnInterruptedRunStillWritesItsTable)
     EXPECT_EQ(run.finish(), 130);
     EXPECT_EQ(count(directory.read("t.tsv"), '\n'),
               1 + linesOfSteps(directory.path() / "results").at("tps.res"));
+}
+
+TEST(RunProgram, AnInterruptedRunIsStillExported)
+{
+    const TestDirectory directory;
+    RunCall run(ENDLESS + Words{"--export", "e.csv", "--progress=always"}, directory.path());
+    run.start();
+    ASSERT_TRUE(run.readErrorUntil("\rstep "));
+    run.kill(SIGTERM);
+    EXPECT_EQ(run.finish(), 130);
+    EXPECT_EQ(count(directory.read("e.csv"), '\n'),
+              1 + linesOfSteps(directory.path() / "results").at("tps.res"));
+}
+
+TEST(RunProgram, AnInterruptEndsAnExportOfFormerResults)
+{
+    constexpr int steps = 100000; // more than a pipe holds
+    const TestDirectory directory;
+    std::string times;
+    for (int k = 0; k < steps; ++k) {
+        times += "1 2 3.25\n";
+    }
+    directory.write("captors.res", "");
+    directory.write("tps.res", times);
+    ASSERT_EQ(mkfifo(directory.file("pipe").c_str(), 0600), 0);
+    RunCall run({"--results", ".", "--export", "pipe"}, directory.path());
+    run.start();
+    std::ifstream pipe(directory.file("pipe"));
+    std::string line;
+    ASSERT_TRUE(std::getline(pipe, line));
+    EXPECT_EQ(line, "time (s)");
+    run.kill(SIGINT);
+    ASSERT_TRUE(run.waitUntilDefault(SIGINT));
+    int lines = 0;
+    while (std::getline(pipe, line)) {
+        ++lines;
+    }
+    EXPECT_LT(lines, steps);
+    EXPECT_EQ(run.finish(), 130);
+    EXPECT_EQ(run.complaint(), "interrupted; nothing is exported");
 }
 
 // ---------------------------------------------------------------- progress
@@ -1395,6 +1487,75 @@ TEST(RunProgram, ATableReplacesAFormerOneAndStandsWhereItWasAskedFor)
     EXPECT_EQ(call(directory, SMALL + Words{"-o", "deep/results", "--table", "t.tsv"}).mStatus, 0);
     EXPECT_EQ(namesIn(directory.path()), (Words{"deep", "t.tsv"}));
     EXPECT_TRUE(directory.read("t.tsv").starts_with("t\tt (s)\t"));
+}
+
+TEST(RunProgram, AnExportHoldsTheColumnsAndValuesOfTheFiles)
+{
+    const TestDirectory directory;
+    const End end = call(directory, SMALL
+                                        + Words{"--set=mBlochEquations=2", "--set=mDimension=2",
+                                                "--export", "e.csv", "-o", "results", "-q"});
+    ASSERT_EQ(end.mStatus, 0) << end.mError;
+    std::vector<Words> expected(20);
+    const auto addFile = [&](const std::string& name, std::size_t first) {
+        const Words lines = linesOf(directory.read("results/" + name));
+        ASSERT_EQ(lines.size(), expected.size());
+        for (std::size_t row = 0; row < lines.size(); ++row) {
+            std::istringstream stream(lines[row]);
+            Words words(std::istream_iterator<std::string>(stream), {});
+            words.erase(words.begin(), words.begin() + static_cast<long>(first));
+            expected[row] = expected[row] + words;
+        }
+    };
+    std::string header = "time (s)";
+    addFile("tps.res", 2);
+    for (const char* location : {"1", "11", "19", "27", "38"}) {
+        const std::string captor = std::string(",captor ") + location + " ";
+        header += captor + "Ex (V/m)" + captor + "Ey (V/m)";
+        addFile(std::string("E_at_") + location + ".res", 1);
+        for (const char* number : {"0", "1"}) {
+            const std::string system = captor + "system " + number;
+            header += system + " iterations (1)";
+            for (const char* element : {"0 0", "0 1", "1 0", "1 1"}) {
+                header += system + " Re rho " + element + " (1)";
+            }
+            addFile(std::string("Rho_Bloch") + number + "_at_" + location + ".res", 1);
+        }
+    }
+    const Words lines = linesOf(directory.read("e.csv"));
+    ASSERT_EQ(lines.size(), 21U);
+    EXPECT_EQ(lines[0], header);
+    for (std::size_t row = 0; row < 20; ++row) {
+        std::istringstream stream(lines[row + 1]);
+        Words cells;
+        std::string cell;
+        while (std::getline(stream, cell, ',')) {
+            cells.push_back(cell);
+        }
+        ASSERT_EQ(cells.size(), expected[row].size());
+        for (std::size_t column = 0; column < cells.size(); ++column) {
+            EXPECT_EQ(std::stod(cells[column]), std::stod(expected[row][column]))
+                << "row " << row << ", column " << column;
+        }
+    }
+}
+
+TEST(RunProgram, FormerResultsAreExportedAsAfterTheirRunAndStayAsTheyAre)
+{
+    const TestDirectory directory;
+    directory.write("e.csv", "former");
+    ASSERT_EQ(
+        call(directory, SMALL + Words{"-q", "-o", "deep/results", "--export", "e.csv"}).mStatus, 0);
+    const auto before = contentsOf(directory.path());
+    for (const char* results : {"deep/results", "deep/results/"}) {
+        const End end = call(directory, {"--export", "again.csv", "--results", results});
+        EXPECT_EQ(end.mStatus, 0);
+        EXPECT_EQ(end.mOut + end.mError, "");
+        EXPECT_EQ(directory.read("again.csv"), directory.read("e.csv"));
+        std::filesystem::remove(directory.file("again.csv"));
+    }
+    EXPECT_EQ(contentsOf(directory.path()), before);
+    EXPECT_TRUE(directory.read("e.csv").starts_with("time (s),captor 1 Ex (V/m),"));
 }
 
 TEST(RunProgram, ThePictureHasTwoRowsForEachCaptorAndTheLargestFields)
