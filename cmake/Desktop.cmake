@@ -12,6 +12,7 @@ execute_process(COMMAND ${qmake} -query QT_INSTALL_TRANSLATIONS
 install(FILES "${translations}/qtbase_fr.qm" DESTINATION ${QUORVEX_DATA_DIR}/linguist RENAME qt_fr.qm)
 
 install(FILES packaging/quorvex.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES packaging/org.example.quorvex.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES packaging/quorvex-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME quorvex.xml)
 set(theme ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
 foreach(size 48 256)

@@ -16,13 +16,13 @@ dpkg-deb -x "$build"/quorvex_*.deb "$scratch/deb"
 
 for file in bin/quorvex bin/quorvex-run bin/quorvex-plot \
     share/man/man1/quorvex.1.gz share/man/man1/quorvex-run.1.gz share/man/man1/quorvex-plot.1.gz \
-    share/applications/quorvex.desktop share/mime/packages/quorvex.xml \
+    share/applications/quorvex.desktop share/metainfo/org.example.quorvex.metainfo.xml share/mime/packages/quorvex.xml \
     share/icons/hicolor/48x48/apps/quorvex.png share/icons/hicolor/scalable/apps/quorvex.svg \
     share/icons/hicolor/scalable/mimetypes/application-x-quorvex-project.svg \
     share/quorvex/linguist/dictionary.xml share/quorvex/linguist/qt_fr.qm share/quorvex/icons/cheval.png \
     share/quorvex/icons/home.xpm share/quorvex/icons/axes.gif share/quorvex/icons/quorvex-48.png \
     share/quorvex/doc/quorvexGui/html/about.txt \
-    share/doc/quorvex/README.md share/doc/quorvex/docs/physics.md share/doc/quorvex/docs/file-formats.md \
+    share/doc/quorvex/copyright share/doc/quorvex/changelog.gz share/doc/quorvex/README.md share/doc/quorvex/docs/physics.md share/doc/quorvex/docs/file-formats.md \
     share/doc/quorvex/examples/self-induced-transparency/2pi.xml; do
     [ -f "$scratch/tree/$file" ] || fail "the archive lacks $file"
     [ -f "$scratch/deb/usr/$file" ] || fail "the .deb lacks usr/$file"
@@ -37,6 +37,19 @@ for program in run plot; do
     gzip -dc "$scratch/tree/share/man/man1/quorvex-$program.1.gz" | grep -qi "^\.TH QUORVEX-$program" ||
         fail "the manual page of quorvex-$program is empty"
 done
+
+# The tools of the desktop and of Debian judge what the .deb would install.
+if command -v desktop-file-validate >/dev/null; then
+    complaints=$(desktop-file-validate "$scratch/deb/usr/share/applications/quorvex.desktop")
+    [ -z "$complaints" ] || fail "$complaints"
+fi
+if command -v appstreamcli >/dev/null; then
+    appstreamcli validate-tree --no-net "$scratch/deb" || fail "the metadata are faulty"
+fi
+if command -v lintian >/dev/null; then
+    complaints=$(lintian --tag-display-limit 0 "$build"/quorvex_*.deb) || fail "$complaints"
+    [ -z "$complaints" ] || fail "$complaints"
+fi
 
 cd "$scratch"
 "$scratch/deb/usr/bin/quorvex-run" --version
