@@ -679,15 +679,17 @@ QV_Results::Rows::Rows(const QV_Results& results)
     if (!mFiles->mTimes->isOpen()) {
         mMessage = unreadable(directory + TIMES_FILE);
     }
-    for (const Captor& captor : results.mCaptors) {
+    for (std::size_t i = 0; i < results.mCaptors.size(); ++i) {
+        const Captor& captor = results.mCaptors[i];
         if (hasField(captor) && captor.mEDimension > 0) {
             open(directory + fieldFileName(captor.mLocation),
-                 {captor.mLocation, true, 0, 0, captor.mEDimension, {}});
+                 {i + 1, captor.mLocation, true, 0, 0, captor.mEDimension, {}});
         }
         std::error_code error;
         for (const unsigned long system : results.findSystems(captor, error)) {
             open(directory + densityFileName(system, captor.mLocation),
-                 {captor.mLocation,
+                 {i + 1,
+                  captor.mLocation,
                   false,
                   system,
                   captor.mRhoSize,

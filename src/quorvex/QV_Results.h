@@ -108,7 +108,8 @@ public:
         /// density matrix the iterations, then the real parts of its elements, row after row.
         struct Part
         {
-            unsigned long mLocation; ///< Of the captor.
+            unsigned long mCaptor;   ///< Number of the captor, from 1 by ascending node.
+            unsigned long mLocation; ///< Node of the captor.
             bool mIsField;           ///< Of the field, else of a density matrix.
             unsigned long mSystem;   ///< Of the density matrix.
             unsigned long mRhoSize;  ///< Of the density matrix.

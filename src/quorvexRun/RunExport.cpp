@@ -12,7 +12,7 @@ constexpr unsigned long stepsBetweenLooks = 1024; ///< Between questions whether
 /// would make one name of [1][11] and [11][1]. Numbers go through texts, which no locale divides into groups.
 void writeName(std::ostream& out, const QV_Results::Rows::Part& part, unsigned long place)
 {
-    out << ",captor " << std::to_string(part.mLocation);
+    out << ",captor " << std::to_string(part.mCaptor) << " node " << std::to_string(part.mLocation);
     if (part.mIsField) {
         static constexpr const char* axes[] = {"x", "y", "z"}; // as many as a field may have
         out << " E" << axes[place] << " (V/m)";

@@ -82,14 +82,15 @@ protected:
     RunExport mExport{mResults.slashed()};
 };
 
-const std::string HEADER = "time (s),captor 1 Ex (V/m),captor 1 Ey (V/m)"
-                           ",captor 1 system 0 iterations (1),captor 1 system 0 Re rho 0 0 (1)"
-                           ",captor 1 system 0 Re rho 0 1 (1),captor 1 system 0 Re rho 1 0 (1)"
-                           ",captor 1 system 0 Re rho 1 1 (1)"
-                           ",captor 1 system 1 iterations (1),captor 1 system 1 Re rho 0 0 (1)"
-                           ",captor 1 system 1 Re rho 0 1 (1),captor 1 system 1 Re rho 1 0 (1)"
-                           ",captor 1 system 1 Re rho 1 1 (1)"
-                           ",captor 19 Ex (V/m)\n";
+const std::string HEADER =
+    "time (s),captor 1 node 1 Ex (V/m),captor 1 node 1 Ey (V/m)"
+    ",captor 1 node 1 system 0 iterations (1),captor 1 node 1 system 0 Re rho 0 0 (1)"
+    ",captor 1 node 1 system 0 Re rho 0 1 (1),captor 1 node 1 system 0 Re rho 1 0 (1)"
+    ",captor 1 node 1 system 0 Re rho 1 1 (1)"
+    ",captor 1 node 1 system 1 iterations (1),captor 1 node 1 system 1 Re rho 0 0 (1)"
+    ",captor 1 node 1 system 1 Re rho 0 1 (1),captor 1 node 1 system 1 Re rho 1 0 (1)"
+    ",captor 1 node 1 system 1 Re rho 1 1 (1)"
+    ",captor 2 node 19 Ex (V/m)\n";
 
 long peakMemory()
 {
@@ -127,8 +128,10 @@ TEST_F(RunExportTest, ThreeComponentsAreNamedByTheirAxes)
     mResults.write("captors.res", captorLine(7, 1, 0, 3));
     mResults.write("tps.res", "1 2 3\n");
     mResults.write("E_at_7.res", "1 4 5 6\n");
-    EXPECT_EQ(exported(), "time (s),captor 7 Ex (V/m),captor 7 Ey (V/m),captor 7 Ez (V/m)\n"
-                          "3,4,5,6\n");
+    EXPECT_EQ(
+        exported(),
+        "time (s),captor 1 node 7 Ex (V/m),captor 1 node 7 Ey (V/m),captor 1 node 7 Ez (V/m)\n"
+        "3,4,5,6\n");
 }
 
 TEST_F(RunExportTest, IndicesOfManyLevelsStayApart)
@@ -138,9 +141,9 @@ TEST_F(RunExportTest, IndicesOfManyLevelsStayApart)
     mResults.write("Rho_Bloch0_at_7.res", "");
     const std::string text = exported();
     EXPECT_EQ(std::count(text.begin(), text.end(), ','), 1 + 144);
-    EXPECT_NE(text.find(",captor 7 system 0 Re rho 1 11 (1),"), std::string::npos);
-    EXPECT_NE(text.find(",captor 7 system 0 Re rho 11 1 (1),"), std::string::npos);
-    EXPECT_TRUE(text.ends_with(",captor 7 system 0 Re rho 11 11 (1)\n"));
+    EXPECT_NE(text.find(",captor 1 node 7 system 0 Re rho 1 11 (1),"), std::string::npos);
+    EXPECT_NE(text.find(",captor 1 node 7 system 0 Re rho 11 1 (1),"), std::string::npos);
+    EXPECT_TRUE(text.ends_with(",captor 1 node 7 system 0 Re rho 11 11 (1)\n"));
 }
 
 TEST_F(RunExportTest, NumbersKeepAllDigitsThatTheFilesHave)
@@ -178,7 +181,7 @@ TEST_F(RunExportTest, NumbersKeepAllDigitsThatTheFilesHave)
 TEST_F(RunExportTest, ValuesThatAreNoNumbersAreNotTakenForMissingOnes)
 {
     writeField("1 2 3\n2 2 4\n3 2 5\n", "1 nan\n2 inf\n3 -inf\n");
-    EXPECT_EQ(exported(), "time (s),captor 7 Ex (V/m)\n3,nan\n4,inf\n5,-inf\n");
+    EXPECT_EQ(exported(), "time (s),captor 1 node 7 Ex (V/m)\n3,nan\n4,inf\n5,-inf\n");
 }
 
 TEST_F(RunExportTest, TheDecimalMarkIsAPointInEveryLocale)
@@ -209,7 +212,7 @@ TEST_F(RunExportTest, AFieldFileThatIsCutLeavesEmptyCells)
 TEST_F(RunExportTest, StepsWithoutATimeAreNotExported)
 {
     writeField("1 2 3\n", "1 4\n2 5\n3 6\n");
-    EXPECT_EQ(exported(), "time (s),captor 7 Ex (V/m)\n3,4\n");
+    EXPECT_EQ(exported(), "time (s),captor 1 node 7 Ex (V/m)\n3,4\n");
 }
 
 TEST_F(RunExportTest, AFileThatIsMissingHasNoColumns)
@@ -217,7 +220,7 @@ TEST_F(RunExportTest, AFileThatIsMissingHasNoColumns)
     std::filesystem::remove(mResults.file("Rho_Bloch0_at_1.res"));
     std::filesystem::remove(mResults.file("Rho_Bloch1_at_1.res"));
     std::filesystem::remove(mResults.file("E_at_19.res"));
-    EXPECT_EQ(exported(), "time (s),captor 1 Ex (V/m),captor 1 Ey (V/m)\n"
+    EXPECT_EQ(exported(), "time (s),captor 1 node 1 Ex (V/m),captor 1 node 1 Ey (V/m)\n"
                           "1.25e-16,0,1.5\n2.5e-16,-4e+06,2.5\n3.75e-16,2123456,3.5\n");
 }
 

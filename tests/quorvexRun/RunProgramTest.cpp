@@ -1509,17 +1509,19 @@ TEST(RunProgram, AnExportHoldsTheColumnsAndValuesOfTheFiles)
     };
     std::string header = "time (s)";
     addFile("tps.res", 2);
+    int number = 0;
     for (const char* location : {"1", "11", "19", "27", "38"}) {
-        const std::string captor = std::string(",captor ") + location + " ";
+        const std::string captor =
+            ",captor " + std::to_string(++number) + " node " + location + " ";
         header += captor + "Ex (V/m)" + captor + "Ey (V/m)";
         addFile(std::string("E_at_") + location + ".res", 1);
-        for (const char* number : {"0", "1"}) {
-            const std::string system = captor + "system " + number;
-            header += system + " iterations (1)";
+        for (const char* system : {"0", "1"}) {
+            const std::string name = captor + "system " + system;
+            header += name + " iterations (1)";
             for (const char* element : {"0 0", "0 1", "1 0", "1 1"}) {
-                header += system + " Re rho " + element + " (1)";
+                header += name + " Re rho " + element + " (1)";
             }
-            addFile(std::string("Rho_Bloch") + number + "_at_" + location + ".res", 1);
+            addFile(std::string("Rho_Bloch") + system + "_at_" + location + ".res", 1);
         }
     }
     const Words lines = linesOf(directory.read("e.csv"));
@@ -1555,7 +1557,7 @@ TEST(RunProgram, FormerResultsAreExportedAsAfterTheirRunAndStayAsTheyAre)
         std::filesystem::remove(directory.file("again.csv"));
     }
     EXPECT_EQ(contentsOf(directory.path()), before);
-    EXPECT_TRUE(directory.read("e.csv").starts_with("time (s),captor 1 Ex (V/m),"));
+    EXPECT_TRUE(directory.read("e.csv").starts_with("time (s),captor 1 node 1 Ex (V/m),"));
 }
 
 TEST(RunProgram, ThePictureHasTwoRowsForEachCaptorAndTheLargestFields)
