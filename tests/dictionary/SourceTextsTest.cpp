@@ -3,6 +3,7 @@
 
 #include "common/COM_Scoped.h"
 #include "dictionary/DICO_Dictionary.h"
+#include "WordTable.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +11,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -111,6 +113,25 @@ TEST_F(SourceTextsTest, WhatIsTranslatedIsAKey)
         }
     }
     EXPECT_GE(texts, 100UL);
+}
+
+// Keys reach the dictionary on many roads: as they stand, from the tables of forms, menus and lists, as labels and
+// sentences of findings. On each of them they are literals of a library that shows texts, or of the check.
+TEST_F(SourceTextsTest, TheTableHoldsNoWordThatNoSourceUses)
+{
+    std::set<std::string> literals;
+    for (const std::filesystem::path& path : sources()) {
+        const std::string directory = path.parent_path().filename();
+        if (directory.starts_with("gui") || directory == "quorvexGui" || directory == "quorvexPlot"
+            || path.stem() == "QV_ProblemCheck") {
+            for (const SourceText& text : sourceTexts(bytesOf(path))) {
+                literals.insert(text.mText);
+            }
+        }
+    }
+    for (const WordRow& row : wordTable()) {
+        EXPECT_TRUE(literals.contains(row.front())) << row.front();
+    }
 }
 
 TEST_F(SourceTextsTest, FindingsOfTheCheckAreKeys)

@@ -121,6 +121,19 @@ TEST(WordTable, AKeyWithAMnemonicHasOneInEveryLanguage)
     EXPECT_GT(mnemonics, 30UL);
 }
 
+// As all Chinese desktops have it: no letter of the key is in the text.
+TEST(WordTable, AChineseMnemonicStandsInParenthesesAtTheEnd)
+{
+    for (const WordRow& row : wordTable()) {
+        const std::string& text = row[DICO_Dictionary::LANG_CH];
+        if (countOf(text, "&") > 0) {
+            EXPECT_EQ(text.substr(text.find('&') - 1, 2), "(&") << text;
+            EXPECT_EQ(text.find('&') + 3, text.size()) << text;
+            EXPECT_TRUE(text.ends_with(')')) << text;
+        }
+    }
+}
+
 TEST(WordTable, ASentenceHasPlacesForTheSameNumbersInEveryLanguage)
 {
     unsigned long sentences = 0;
