@@ -31,6 +31,7 @@ void GUI_ListBox::addToItems(const std::string& text, int index)
 {
     const QSignalBlocker blocker(this);
     insertItem(index < 0 ? count() : index, toQString(text));
+    updateGeometry();
 }
 
 void GUI_ListBox::removeFromItems(int index)
@@ -65,7 +66,15 @@ std::string GUI_ListBox::getValue() const
 QSize GUI_ListBox::sizeHint() const
 {
     constexpr int characters = 24;
-    return {characters * fontMetrics().averageCharWidth(), QListWidget::sizeHint().height()};
+    constexpr int mostCharacters = 40;
+    constexpr int sample = 8; // of a long list: its names are numbered, hence alike
+    const int unit = fontMetrics().averageCharWidth();
+    int width = characters * unit;
+    for (int row = 0; row < std::min(count(), sample); ++row) {
+        const int text = sizeHintForIndex(indexFromItem(item(row))).width();
+        width = std::max(width, text + 2 * frameWidth());
+    }
+    return {std::min(width, mostCharacters * unit), QListWidget::sizeHint().height()};
 }
 
 QSize GUI_ListBox::minimumSizeHint() const

@@ -29,7 +29,8 @@ public:
     /// The index of the current item.
     std::string getValue() const override;
 
-    /// The form beside a list needs the room of its window more: a list is as wide as a short text.
+    /// The form beside a list needs the room of its window more: a list is as wide as a short text,
+    /// and wider only for names that are longer.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 

@@ -170,6 +170,19 @@ TEST(GUI_ListBox, SortsInAscendingOrderWithoutAReport)
     EXPECT_EQ(list.getItemText(3), "Earth");
 }
 
+TEST(GUI_ListBox, IsWiderForLongNamesWithinALimit)
+{
+    const TestForm form;
+    GUI_ListBox& list = addPlanets(form);
+    const int narrow = list.sizeHint().width();
+    list.addToItems("A planet whose name is long");
+    const int wide = list.sizeHint().width();
+    EXPECT_GT(wide, narrow);
+    EXPECT_GT(wide, list.fontMetrics().horizontalAdvance("A planet whose name is long"));
+    list.addToItems("A planet " + std::string(1000, 'x'));
+    EXPECT_EQ(list.sizeHint().width(), 40 * list.fontMetrics().averageCharWidth());
+}
+
 TEST(GUI_ListBox, CanBeDisabled)
 {
     const COM_Scoped panel(TestPanel::New());
