@@ -32,22 +32,33 @@ void fillColumn(QImage& picture, int column, int from, int to, QRgb color)
     }
 }
 
-/// A line on the picture from a column to the next, so short that a painter's rounding does not show.
+/// A line on the picture from a column to the next.
 bool isStep(const QImage& picture, const QLine& line)
 {
-    constexpr int longest = 128;
-    return std::abs(line.dx()) == 1 && std::abs(line.dy()) <= longest && picture.valid(line.p1())
-           && picture.valid(line.p2());
+    return std::abs(line.dx()) == 1 && picture.valid(line.p1()) && picture.valid(line.p2());
 }
 
-/// A painter puts such a line on its left column and only the last pixel on the right one.
+/// Whether a painter, going `rows` down and one column to the right, reaches that column with its last pixel. It adds
+/// up a step of 16 binary places, rounded down, and begins half a step ahead.
+bool reachesNextColumn(int rows)
+{
+    constexpr int one = 1 << 16;
+    const int step = one / rows;
+    return step / 2 + rows * step >= one;
+}
+
+/// A painter puts such a line on its left column, and its end on the right one when it reaches it.
 void fillStep(QImage& picture, const QLine& line, QRgb color)
 {
     const bool isAscending = line.dx() > 0;
     const QPoint left = isAscending ? line.p1() : line.p2();
     const QPoint right = isAscending ? line.p2() : line.p1();
-    const int back = std::clamp(left.y() - right.y(), -1, 1);
-    fillColumn(picture, left.x(), left.y(), right.y() + back, color);
+    const int rows = right.y() - left.y();
+    if (rows > 0 && !reachesNextColumn(rows)) {
+        fillColumn(picture, left.x(), left.y(), right.y(), color);
+        return;
+    }
+    fillColumn(picture, left.x(), left.y(), right.y() - std::clamp(rows, -1, 1), color);
     fillColumn(picture, right.x(), right.y(), right.y(), color);
 }
 
