@@ -52,64 +52,51 @@ void GUI_BrowserMenu::initComponents()
     combo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
-std::string GUI_BrowserMenu::addMenu(const std::string& name)
+GUI_RootMenu& GUI_BrowserMenu::addMenu(const std::string& name)
 {
     const COM_Scoped menu(GUI_RootMenu::New(*this, name));
-    return name;
-}
-
-void GUI_BrowserMenu::add(const std::string& menu, GUI_Action* newAction) const
-{
-    const COM_Scoped action(newAction);
-    if (GUI_RootMenu* const holder = getMenu(menu)) {
-        holder->addToActions(*action);
-    }
-}
-
-void GUI_BrowserMenu::addTool(const std::string& menu, GUI_Action* newAction) const
-{
-    const COM_Scoped action(newAction);
-    if (GUI_RootMenu* const holder = getMenu(menu)) {
-        holder->addToActions(*action, TOOL_BAR_NAME);
-    }
+    return *menu;
 }
 
 void GUI_BrowserMenu::createFileMenu()
 {
-    const std::string name = addMenu(translate("&File"));
-    addTool(name, GUI_ActionBrowserNewWindow::New(getWindow()));
-    addTool(name, GUI_ActionBrowserLoad::New(getWindow()));
-    addTool(name, GUI_ActionBrowserPrint::New(getWindow()));
-    add(name, GUI_ActionBrowserClose::New(getWindow()));
+    GUI_RootMenu& menu = addMenu(translate("&File"));
+    addTool(menu, GUI_ActionBrowserNewWindow::New(getWindow()), TOOL_BAR_NAME);
+    addTool(menu, GUI_ActionBrowserLoad::New(getWindow()), TOOL_BAR_NAME);
+    addTool(menu, GUI_ActionBrowserPrint::New(getWindow()), TOOL_BAR_NAME);
+    add(menu, GUI_ActionBrowserClose::New(getWindow()));
 }
 
 void GUI_BrowserMenu::createNavigatorMenu()
 {
-    mNavigatorName = addMenu(translate("&Navigator"));
-    addTool(mNavigatorName, GUI_ActionBrowserBack::New(getWindow()));
-    addTool(mNavigatorName, GUI_ActionBrowserNext::New(getWindow()));
-    addTool(mNavigatorName, GUI_ActionBrowserHome::New(getWindow()));
+    mNavigatorName = translate("&Navigator");
+    GUI_RootMenu& menu = addMenu(mNavigatorName);
+    addTool(menu, GUI_ActionBrowserBack::New(getWindow()), TOOL_BAR_NAME);
+    addTool(menu, GUI_ActionBrowserNext::New(getWindow()), TOOL_BAR_NAME);
+    addTool(menu, GUI_ActionBrowserHome::New(getWindow()), TOOL_BAR_NAME);
     setBackwardAvailable(false);
     setForwardAvailable(false);
 }
 
 void GUI_BrowserMenu::createHistoryMenu()
 {
-    mHistoryName = addMenu(translate("&History"));
+    mHistoryName = translate("&History");
+    addMenu(mHistoryName);
 }
 
 void GUI_BrowserMenu::createBookmarkMenu()
 {
-    mBookmarkName = addMenu(translate("&Bookmark"));
-    add(mBookmarkName, GUI_ActionBrowserAddBookMark::New(getWindow()));
-    getMenu(mBookmarkName)->addSeparator();
+    mBookmarkName = translate("&Bookmark");
+    GUI_RootMenu& menu = addMenu(mBookmarkName);
+    add(menu, GUI_ActionBrowserAddBookMark::New(getWindow()));
+    menu.addSeparator();
 }
 
 void GUI_BrowserMenu::createHelpMenu()
 {
-    const std::string name = addMenu(translate("&Help"));
-    add(name, GUI_ActionBrowserHelp::New(getWindow(), 0));
-    add(name, GUI_ActionBrowserHelp::New(getWindow(), 1));
+    GUI_RootMenu& menu = addMenu(translate("&Help"));
+    add(menu, GUI_ActionBrowserHelp::New(getWindow(), 0));
+    add(menu, GUI_ActionBrowserHelp::New(getWindow(), 1));
 }
 
 GUI_ComboBox* GUI_BrowserMenu::getComboPath() const
@@ -137,13 +124,19 @@ bool GUI_BrowserMenu::showPath(const std::string& path)
 
 int GUI_BrowserMenu::addBookmark(const std::string& label)
 {
-    add(mBookmarkName, GUI_ActionBrowserBookMark::New(getWindow(), label, ++mLastId));
+    ++mLastId;
+    if (GUI_RootMenu* const menu = getMenu(mBookmarkName)) {
+        add(*menu, GUI_ActionBrowserBookMark::New(getWindow(), label, mLastId));
+    }
     return mLastId;
 }
 
 int GUI_BrowserMenu::addHistory(const std::string& path)
 {
-    add(mHistoryName, GUI_ActionBrowserHistory::New(getWindow(), path, ++mLastId));
+    ++mLastId;
+    if (GUI_RootMenu* const menu = getMenu(mHistoryName)) {
+        add(*menu, GUI_ActionBrowserHistory::New(getWindow(), path, mLastId));
+    }
     return mLastId;
 }
 

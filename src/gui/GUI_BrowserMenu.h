@@ -3,7 +3,6 @@
 
 #include <string>
 
-class GUI_Action;
 class GUI_ComboBox;
 
 /// The menus and the tool bar of a browser window, with a combo box of the paths, in which one can be typed.
@@ -18,7 +17,7 @@ public:
     GUI_ComboBox* getComboPath() const;
     /// Makes the path the current one of the combo box. True: it was not there before.
     bool showPath(const std::string& path);
-    // Append an entry. Gives its number, counted from 1 over both menus.
+    // Append an entry, where its menu was not taken off. Gives its number, counted from 1 over both menus.
     int addBookmark(const std::string& label);
     int addHistory(const std::string& path);
     // Enable "Next" and "Back".
@@ -41,11 +40,8 @@ private:
     void createNavigatorMenu();
     void createHistoryMenu();
     void createBookmarkMenu();
-    /// Appends a menu, which the bar holds, and gives its name.
-    std::string addMenu(const std::string& name);
-    // Each takes over the reference to a new action. Nothing happens where the menu was taken off.
-    void add(const std::string& menu, GUI_Action* newAction) const;
-    void addTool(const std::string& menu, GUI_Action* newAction) const;
+    /// Appends a menu, which the bar holds.
+    GUI_RootMenu& addMenu(const std::string& name);
     void setAvailable(int index, bool flag) const;
 
     // With which the menus were built: a translation asked for later may be another.

@@ -47,6 +47,18 @@ GUI_MenuPanel::~GUI_MenuPanel()
     mMenus->Delete();
 }
 
+void GUI_MenuPanel::add(GUI_RootMenu& menu, GUI_Action* newAction)
+{
+    const COM_Scoped action(newAction);
+    menu.addToActions(*action);
+}
+
+void GUI_MenuPanel::addTool(GUI_RootMenu& menu, GUI_Action* newAction, const std::string& toolBar)
+{
+    const COM_Scoped action(newAction);
+    menu.addToActions(*action, toolBar);
+}
+
 unsigned long GUI_MenuPanel::getInverseAgregatedObjectsCount() const
 {
     return mMenus->size() + mToolBars->size();

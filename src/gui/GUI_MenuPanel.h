@@ -7,6 +7,7 @@
 
 #include <string>
 
+class GUI_Action;
 class GUI_ActionComponent;
 class GUI_ParentMenu;
 class GUI_ParentWindow;
@@ -59,6 +60,12 @@ protected:
     /// Requires: `window` is not null.
     explicit GUI_MenuPanel(GUI_ParentWindow* window);
     ~GUI_MenuPanel() override;
+
+    // Each takes over the reference to a new action. Tools stand in the bar of that name, too.
+    static void add(GUI_RootMenu& menu, GUI_Action* newAction);
+    static void addTool(GUI_RootMenu& menu, GUI_Action* newAction,
+                        const std::string& toolBar = "toolbar");
+
     unsigned long getInverseAgregatedObjectsCount() const override;
     void resetInverseAgregatedObjects() override;
 

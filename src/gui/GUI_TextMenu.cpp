@@ -29,19 +29,6 @@ namespace {
 constexpr GUI_TextMenu::Format alignments[] = {GUI_TextMenu::LEFT_ALIGN, GUI_TextMenu::RIGHT_ALIGN,
                                                GUI_TextMenu::CENTER_ALIGN};
 
-/// Takes over the reference to a new action.
-void add(GUI_RootMenu& menu, GUI_Action* newAction)
-{
-    const COM_Scoped action(newAction);
-    menu.addToActions(*action);
-}
-
-void addTool(GUI_RootMenu& menu, GUI_Action* newAction)
-{
-    const COM_Scoped action(newAction);
-    menu.addToActions(*action, "toolbar");
-}
-
 } // namespace
 
 GUI_TextMenu::GUI_TextMenu(GUI_ParentWindow& window, bool isLoadFileShown)

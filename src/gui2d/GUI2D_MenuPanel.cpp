@@ -67,18 +67,6 @@ GUI_RootMenu& GUI2D_MenuPanel::addMenu(const char* key)
     return *menu;
 }
 
-void GUI2D_MenuPanel::add(GUI_RootMenu& menu, GUI_Action* newAction)
-{
-    const COM_Scoped action(newAction);
-    menu.addToActions(*action);
-}
-
-void GUI2D_MenuPanel::addTool(GUI_RootMenu& menu, GUI_Action* newAction)
-{
-    const COM_Scoped action(newAction);
-    menu.addToActions(*action, "toolbar");
-}
-
 void GUI2D_MenuPanel::createFileMenu()
 {
     GUI_RootMenu& menu = addMenu("&File");

@@ -23,9 +23,6 @@ protected:
     GUI_RootMenu* getEditMenu() const { return getMenu(mEditName); }
     /// Appends a menu with the text of `key`, which the bar holds.
     GUI_RootMenu& addMenu(const char* key);
-    // Each takes over the reference to a new action.
-    static void add(GUI_RootMenu& menu, GUI_Action* newAction);
-    static void addTool(GUI_RootMenu& menu, GUI_Action* newAction);
     /// Gives all actions their keys. Heirs call it when they have added theirs.
     void setKeys();
 

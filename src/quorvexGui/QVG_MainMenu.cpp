@@ -18,25 +18,6 @@
 
 #include <vector>
 
-namespace {
-
-constexpr const char* toolBar = "toolbar";
-
-/// Takes over the reference to a new action.
-void add(GUI_RootMenu& menu, GUI_Action* newAction)
-{
-    const COM_Scoped action(newAction);
-    menu.addToActions(*action);
-}
-
-void addTool(GUI_RootMenu& menu, GUI_Action* newAction)
-{
-    const COM_Scoped action(newAction);
-    menu.addToActions(*action, toolBar);
-}
-
-} // namespace
-
 QVG_MainMenu::QVG_MainMenu(GUI_ParentWindow& window)
     : GUI_MenuPanel(window)
 {
