@@ -1,6 +1,7 @@
 # Sourced: a screen of its own with a window manager, and what a person does at it.
 #
 #   open_screen [SIZE]           starts the screen; it goes with the shell that sources this
+#   open_place [SIZE]            a screen in an empty directory, without settings of the user; both go with the shell
 #   window TITLE                 waits for a shown window, makes it the active one; the titles are whole
 #   gone TITLE                   waits until no such window is shown
 #   press KEY...                 keys one after the other, xdotool's names
@@ -34,6 +35,19 @@ open_screen() {
 close_screen() {
     # shellcheck disable=SC2086 # several
     kill $screen_pids 2>/dev/null || true
+}
+
+open_place() {
+    local here
+    here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+    open_screen "$@"
+    work=$(mktemp -d)
+    trap 'close_screen; rm -rf "$work"' EXIT
+    cd "$work"
+    export XDG_RUNTIME_DIR=$work/run XDG_CONFIG_HOME=$work/config
+    mkdir -m 700 run
+    unset QT_QPA_PLATFORM
+    export LSAN_OPTIONS=suppressions=$here/leaks.supp:print_suppressions=0
 }
 
 fail() {

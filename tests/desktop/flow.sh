@@ -7,20 +7,12 @@
 # (A project keeps no number of steps: the loaded one takes the usual 2000.)
 # SHOTS=DIRECTORY keeps a picture of each step.
 set -euo pipefail
-here=$(cd "$(dirname "$0")" && pwd)
 program=$(realpath "$1")
 batch=$(realpath "$2")
 # shellcheck source=desktop.sh
-. "$here/desktop.sh"
+. "$(dirname "$0")/desktop.sh"
 
-work=$(mktemp -d)
-open_screen
-trap 'close_screen; rm -rf "$work"' EXIT
-cd "$work"
-export XDG_RUNTIME_DIR=$work/run XDG_CONFIG_HOME=$work/config
-mkdir -m 700 run
-unset QT_QPA_PLATFORM
-export LSAN_OPTIONS=suppressions=$here/leaks.supp:print_suppressions=0
+open_place
 
 has() { [ -s "$1" ] || fail "$1 is not there or empty"; }
 # value FILE KEY: the first value under that key

@@ -6,19 +6,11 @@
 # pictures must open in another program, and the loaded plots must hold what the saved ones held.
 # SHOTS=DIRECTORY keeps a picture of each step.
 set -euo pipefail
-here=$(cd "$(dirname "$0")" && pwd)
 program=$(realpath "$1")
 # shellcheck source=desktop.sh
-. "$here/desktop.sh"
+. "$(dirname "$0")/desktop.sh"
 
-work=$(mktemp -d)
-open_screen 1500x1000
-trap 'close_screen; rm -rf "$work"' EXIT
-cd "$work"
-export XDG_RUNTIME_DIR=$work/run XDG_CONFIG_HOME=$work/config
-mkdir -m 700 run
-unset QT_QPA_PLATFORM
-export LSAN_OPTIONS=suppressions=$here/leaks.supp:print_suppressions=0
+open_place 1500x1000
 
 main='Simulation Quorvex'
 plot='Visualisation Quorvex'
