@@ -42,29 +42,10 @@ public:
         : mWindow(GUI_BrowserWindow::New(*browser.root()))
     {}
     GUI_BrowserWindow* operator->() const { return mWindow.get(); }
-    std::vector<std::string> history() const
-    {
-        const COM_Scoped texts(COM_Array<COM_String>::New());
-        mWindow->getHistory(*texts);
-        return textsOf(*texts);
-    }
-    std::vector<std::string> bookmarks() const
-    {
-        const COM_Scoped texts(COM_Array<COM_String>::New());
-        mWindow->getBookmarks(*texts);
-        return textsOf(*texts);
-    }
+    std::vector<std::string> history() const { return historyOf(*mWindow); }
+    std::vector<std::string> bookmarks() const { return bookmarksOf(*mWindow); }
 
 private:
-    static std::vector<std::string> textsOf(const COM_Array<COM_String>& texts)
-    {
-        std::vector<std::string> found;
-        for (unsigned long i = 0; i < texts.size(); ++i) {
-            found.push_back(texts[i].getString());
-        }
-        return found;
-    }
-
     COM_Scoped<GUI_BrowserWindow> mWindow;
 };
 

@@ -16,6 +16,29 @@
 #include <string>
 #include <vector>
 
+inline std::vector<std::string> textsOf(const COM_Array<COM_String>& texts)
+{
+    std::vector<std::string> found;
+    for (unsigned long i = 0; i < texts.size(); ++i) {
+        found.push_back(texts[i].getString());
+    }
+    return found;
+}
+
+inline std::vector<std::string> historyOf(GUI_BrowserWindow& window)
+{
+    const COM_Scoped texts(COM_Array<COM_String>::New());
+    window.getHistory(*texts);
+    return textsOf(*texts);
+}
+
+inline std::vector<std::string> bookmarksOf(GUI_BrowserWindow& window)
+{
+    const COM_Scoped texts(COM_Array<COM_String>::New());
+    window.getBookmarks(*texts);
+    return textsOf(*texts);
+}
+
 /// A browser window below a root window, with English texts, in a directory of its own that is the working directory
 /// meanwhile. The pages "one.html" and "two.html" lie there, titled "One" and without title, each with a link to the
 /// other.
@@ -71,18 +94,8 @@ public:
         return found;
     }
     std::string status() const { return mWindow->statusBar()->currentMessage().toStdString(); }
-    std::vector<std::string> history() const
-    {
-        const COM_Scoped texts(COM_Array<COM_String>::New());
-        mWindow->getHistory(*texts);
-        return textsOf(*texts);
-    }
-    std::vector<std::string> bookmarks() const
-    {
-        const COM_Scoped texts(COM_Array<COM_String>::New());
-        mWindow->getBookmarks(*texts);
-        return textsOf(*texts);
-    }
+    std::vector<std::string> history() const { return historyOf(*mWindow); }
+    std::vector<std::string> bookmarks() const { return bookmarksOf(*mWindow); }
     /// Shows the window as the active one.
     void show() const
     {
@@ -100,15 +113,6 @@ public:
     }
 
 private:
-    static std::vector<std::string> textsOf(const COM_Array<COM_String>& texts)
-    {
-        std::vector<std::string> found;
-        for (unsigned long i = 0; i < texts.size(); ++i) {
-            found.push_back(texts[i].getString());
-        }
-        return found;
-    }
-
     TestDirectory mDirectory;
     WorkingDirectory mWorkingDirectory{mDirectory.path()};
     ProjectRoot mRoot;
