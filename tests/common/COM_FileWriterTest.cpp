@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -19,17 +18,6 @@
 namespace {
 
 using Names = std::vector<std::string>;
-
-/// The names in a directory, in order.
-Names namesIn(const std::filesystem::path& path)
-{
-    Names names;
-    for (const auto& entry : std::filesystem::directory_iterator(path)) {
-        names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-}
 
 mode_t modeOf(const std::string& name)
 {

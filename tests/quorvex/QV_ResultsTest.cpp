@@ -148,16 +148,6 @@ Names columnNamesOf(const Table& table)
     return names;
 }
 
-Names namesIn(const TestDirectory& directory)
-{
-    Names names;
-    for (const auto& entry : std::filesystem::directory_iterator(directory.path())) {
-        names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
 // Each line as a run writes it.
 
 std::string timesLine(double t, double rabiFrequency)
@@ -616,7 +606,7 @@ TEST(QV_Results, AnEmptyDirectoryIsTheWorkingDirectory)
                              : 1;
               }),
               0);
-    EXPECT_TRUE(namesIn(directory).empty());
+    EXPECT_TRUE(namesIn(directory.path()).empty());
 }
 
 TEST(QV_Results, ACopyIsIndependent)
@@ -1539,7 +1529,7 @@ TEST(QV_Results, TheFilesOfARunAreNamedByTheirCaptorsAndSystems)
                             "Rho_Bloch0_at_3.res", "Rho_Bloch1_at_3.res", "E_at_12.res",
                             "Rho_Bloch0_at_12.res", "Rho_Bloch1_at_12.res"}));
     std::sort(names.begin(), names.end());
-    EXPECT_EQ(names, namesIn(directory));
+    EXPECT_EQ(names, namesIn(directory.path()));
 }
 
 TEST(QV_Results, ARunWithoutCaptorsMakesThreeFiles)
@@ -1601,7 +1591,7 @@ TEST(QV_Results, TheFilesOfARunAreRemovedAndForeignOnesStay)
     Names left = foreign;
     left.emplace_back("sub");
     std::sort(left.begin(), left.end());
-    EXPECT_EQ(namesIn(directory), left);
+    EXPECT_EQ(namesIn(directory.path()), left);
     EXPECT_EQ(directory.read("sub/tps.res"), "mine");
 }
 
@@ -1624,7 +1614,7 @@ TEST(QV_Results, RemovingALinkLeavesWhatItLeadsTo)
     const auto removal = QV_Results::removeResultFiles(directory.slashed());
     EXPECT_EQ(removal.mRemoved, 2U);
     EXPECT_TRUE(removal.mIsComplete);
-    EXPECT_EQ(namesIn(directory), Names{"kept"});
+    EXPECT_EQ(namesIn(directory.path()), Names{"kept"});
     EXPECT_EQ(directory.read("kept"), "mine");
 }
 
@@ -1637,7 +1627,7 @@ TEST(QV_Results, WhatCannotBeRemovedIsTold)
     const auto removal = QV_Results::removeResultFiles(directory.slashed());
     EXPECT_EQ(removal.mRemoved, 2U);
     EXPECT_FALSE(removal.mIsComplete);
-    EXPECT_EQ(namesIn(directory), Names{"tps.res"});
+    EXPECT_EQ(namesIn(directory.path()), Names{"tps.res"});
 }
 
 TEST(QV_Results, ADirectoryThatMayNotBeChangedKeepsItsFiles)
@@ -1651,7 +1641,7 @@ TEST(QV_Results, ADirectoryThatMayNotBeChangedKeepsItsFiles)
                   return removal.mRemoved == 0 && !removal.mIsComplete ? 0 : 1;
               }),
               0);
-    EXPECT_EQ(namesIn(directory).size(), 9U);
+    EXPECT_EQ(namesIn(directory.path()).size(), 9U);
 }
 
 TEST(QV_Results, OnlyADirectoryThatCouldBeLookedThroughIsCleared)

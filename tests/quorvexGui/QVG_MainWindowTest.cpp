@@ -277,12 +277,8 @@ TEST(QVG_MainWindow, ANewProjectIsADefaultProblemThatIsSavedAtOnce)
     EXPECT_EQ(window->getProblem()->getReferenceCount(), 3) << "application, field and atoms";
     EXPECT_EQ(TestMainWindow::withoutIdentities(window.read("project.dpj")), projectFile);
     EXPECT_EQ(window.read("savingPlotterWindows.txt"), "");
-    std::set<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(window.path())) {
-        names.insert(entry.path().filename());
-    }
-    EXPECT_EQ(names,
-              (std::set<std::string>{"parameters.xml", "project.dpj", "savingPlotterWindows.txt"}));
+    EXPECT_EQ(namesIn(window.path()), (std::vector<std::string>{"parameters.xml", "project.dpj",
+                                                                "savingPlotterWindows.txt"}));
 }
 
 TEST(QVG_MainWindow, TheModelFileIsTheProblemAsTheSolverWritesIt)

@@ -1,6 +1,6 @@
 #include "quorvexPlot/SavedResults.h"
-#include "quorvexRun/RunCall.h"
 #include "support/ChildProcess.h"
+#include "support/RunCall.h"
 #include "support/TestDirectory.h"
 
 #include <QBuffer>
@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
@@ -23,33 +22,7 @@
 namespace {
 
 using Words = std::vector<std::string>;
-
-/// What one call has left behind.
-struct End
-{
-    int mStatus; ///< Minus the number of the signal, if there was one.
-    std::string mOut;
-    std::string mError;
-    std::string mComplaint; ///< See RunCall.
-};
-
-/// A call as on a machine without display.
-End call(const TestDirectory& directory, const Words& arguments,
-         const std::function<void()>& preparation = {})
-{
-    RunCall run(arguments, directory.path());
-    run.setPreparation([&preparation] {
-        for (const char* name :
-             {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR"}) {
-            unsetenv(name);
-        }
-        if (preparation) {
-            preparation();
-        }
-    });
-    const int status = run.finish();
-    return {status, run.out(), run.error(), run.complaint()};
-}
+using End = RunCall::End;
 
 /// A call that draws, without a word, and the bytes of its picture.
 std::string pictureOf(const SavedResults& saved, const std::string& name, const Words& more = {},
@@ -88,42 +61,21 @@ long countOf(const QImage& image, QRgb color)
 
 constexpr QRgb blue = 0xff5500aa; ///< Of the field at the third of three captors.
 
-Words namesIn(const std::filesystem::path& directory)
-{
-    Words names;
-    for (const auto& entry : std::filesystem::directory_iterator(directory)) {
-        names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
 } // namespace
 
 // ---------------------------------------------------------------- usage
 
 TEST(PlotProgram, TheVersionIsOneLineOnStandardOutput)
 {
-    const TestDirectory directory;
-    const End end = call(directory, {"--version"});
-    EXPECT_EQ(end.mStatus, 0);
-    EXPECT_EQ(end.mOut, "quorvex-plot " QUORVEX_VERSION "\n");
-    EXPECT_EQ(end.mError, "");
+    expectVersion(QUORVEX_VERSION);
 }
 
 TEST(PlotProgram, TheHelpNamesEveryOptionAndGoesToStandardOutput)
 {
-    const TestDirectory directory;
-    const End end = call(directory, {"--help"});
-    EXPECT_EQ(end.mStatus, 0);
-    EXPECT_EQ(end.mError, "");
-    EXPECT_TRUE(end.mOut.starts_with("usage: quorvex-plot [OPTIONS] RESULTS -o FILE\n"))
-        << end.mOut;
-    for (const char* option :
-         {"-o, --output FILE", "--captor N", "--field LIST", "--density I,J[:SYSTEM]", "--size WxH",
-          "--title TEXT", "--log x|y|xy", "--fourier", "--normalize", "--version", "--help"}) {
-        EXPECT_NE(end.mOut.find(std::string(" ") + option), std::string::npos) << option;
-    }
+    expectHelp("usage: quorvex-plot [OPTIONS] RESULTS -o FILE\n",
+               {"-o, --output FILE", "--captor N", "--field LIST", "--density I,J[:SYSTEM]",
+                "--size WxH", "--title TEXT", "--log x|y|xy", "--fourier", "--normalize",
+                "--version", "--help"});
 }
 
 // ---------------------------------------------------------------- pictures

@@ -68,14 +68,6 @@ protected:
         mResults.write("tps.res", times);
         mResults.write("E_at_7.res", field);
     }
-    Names namesInOutput() const
-    {
-        Names names;
-        for (const auto& entry : std::filesystem::directory_iterator(mOutput.path())) {
-            names.push_back(entry.path().filename().string());
-        }
-        return names;
-    }
 
     TestDirectory mResults;
     TestDirectory mOutput;
@@ -250,7 +242,7 @@ TEST_F(RunExportTest, MissingCaptorsOrTimesAreNamedAndAFormerExportStays)
     EXPECT_EQ(mExport.getMessage(),
               "The file " + mResults.file("captors.res") + " could not be read.");
     EXPECT_EQ(mOutput.read("r.csv"), "former");
-    EXPECT_EQ(namesInOutput(), Names{"r.csv"});
+    EXPECT_EQ(namesIn(mOutput.path()), Names{"r.csv"});
 }
 
 TEST_F(RunExportTest, AFileThatIsNoneStopsTheExportRatherThanLosingColumns)
@@ -260,7 +252,7 @@ TEST_F(RunExportTest, AFileThatIsNoneStopsTheExportRatherThanLosingColumns)
     EXPECT_EQ(write(mOutput.file("r.csv")), RunExport::UNREADABLE);
     EXPECT_EQ(mExport.getMessage(),
               "The file " + mResults.file("E_at_19.res") + " could not be read.");
-    EXPECT_EQ(namesInOutput(), Names{});
+    EXPECT_EQ(namesIn(mOutput.path()), Names{});
     std::filesystem::remove(mResults.file("E_at_19.res"));
     EXPECT_EQ(write(mOutput.file("r.csv")), RunExport::WRITTEN);
     EXPECT_EQ(mExport.getMessage(), "");
@@ -271,7 +263,7 @@ TEST_F(RunExportTest, AFileThatCannotBeWrittenIsTold)
     EXPECT_EQ(write(mOutput.file("missing/r.csv")), RunExport::UNWRITABLE);
     EXPECT_EQ(write(mOutput.path().string()), RunExport::UNWRITABLE);
     EXPECT_EQ(write("/dev/full"), RunExport::UNWRITABLE);
-    EXPECT_EQ(namesInOutput(), Names{});
+    EXPECT_EQ(namesIn(mOutput.path()), Names{});
 }
 
 TEST_F(RunExportTest, OnAFullDiskAFormerExportStays)
@@ -292,7 +284,7 @@ TEST_F(RunExportTest, OnAFullDiskAFormerExportStays)
               }),
               0);
     EXPECT_EQ(mOutput.read("r.csv"), "former");
-    EXPECT_EQ(namesInOutput(), Names{"r.csv"});
+    EXPECT_EQ(namesIn(mOutput.path()), Names{"r.csv"});
 }
 
 TEST_F(RunExportTest, AnExportThatIsStoppedLeavesTheFormerOne)
@@ -300,7 +292,7 @@ TEST_F(RunExportTest, AnExportThatIsStoppedLeavesTheFormerOne)
     mOutput.write("r.csv", "former");
     EXPECT_EQ(mExport.write(mOutput.file("r.csv"), [] { return true; }), RunExport::STOPPED);
     EXPECT_EQ(mOutput.read("r.csv"), "former");
-    EXPECT_EQ(namesInOutput(), Names{"r.csv"});
+    EXPECT_EQ(namesIn(mOutput.path()), Names{"r.csv"});
 }
 
 TEST_F(RunExportTest, HalfAMillionStepsTakeNoMemory)

@@ -1,7 +1,7 @@
 #include "quorvexRun/OlderFiles.h"
-#include "quorvexRun/RunCall.h"
 #include "quorvexRun/SavedProblem.h"
 #include "support/ChildProcess.h"
+#include "support/RunCall.h"
 #include "support/TestDirectory.h"
 
 #include <gtest/gtest.h>
@@ -24,24 +24,7 @@
 namespace {
 
 using Words = std::vector<std::string>;
-
-/// What one call has left behind.
-struct End
-{
-    int mStatus; ///< Minus the number of the signal, if there was one.
-    std::string mOut;
-    std::string mError;
-    std::string mComplaint; ///< See RunCall.
-};
-
-End call(const TestDirectory& directory, const Words& arguments,
-         const std::function<void()>& preparation = {})
-{
-    RunCall run(arguments, directory.path());
-    run.setPreparation(preparation);
-    const int status = run.finish();
-    return {status, run.out(), run.error(), run.complaint()};
-}
+using End = RunCall::End;
 
 Words operator+(Words words, const Words& more)
 {
@@ -75,16 +58,6 @@ std::map<std::string, std::string> contentsOf(const std::filesystem::path& direc
         }
     }
     return contents;
-}
-
-Words namesIn(const std::filesystem::path& directory)
-{
-    Words names;
-    for (const auto& entry : std::filesystem::directory_iterator(directory)) {
-        names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
 }
 
 Words sorted(Words words)
@@ -153,27 +126,16 @@ void writeFormerRun(const TestDirectory& directory)
 
 TEST(RunProgram, TheVersionIsOneLineOnStandardOutput)
 {
-    const TestDirectory directory;
-    const End end = call(directory, {"--version"});
-    EXPECT_EQ(end.mStatus, 0);
-    EXPECT_EQ(end.mOut, "quorvex-run " QUORVEX_VERSION "\n");
-    EXPECT_EQ(end.mError, "");
+    expectVersion(QUORVEX_VERSION);
 }
 
 TEST(RunProgram, TheHelpNamesEveryOptionAndGoesToStandardOutput)
 {
-    const TestDirectory directory;
-    const End end = call(directory, {"--help"});
-    EXPECT_EQ(end.mStatus, 0);
-    EXPECT_EQ(end.mError, "");
-    EXPECT_TRUE(end.mOut.starts_with("usage: quorvex-run [OPTIONS] INPUT\n")) << end.mOut;
-    for (const char* option :
-         {"-o, --output DIR", "-n, --steps N", "--method NAME", "--set KEY=VALUE", "--default",
-          "--check", "--force", "--write-xml FILE", "--write-project DIR", "--table FILE",
-          "--export FILE", "--results DIR", "--plot", "-q, --quiet", "--progress=auto|always|never",
-          "--version", "--help"}) {
-        EXPECT_NE(end.mOut.find(std::string(" ") + option), std::string::npos) << option;
-    }
+    expectHelp("usage: quorvex-run [OPTIONS] INPUT\n",
+               {"-o, --output DIR", "-n, --steps N", "--method NAME", "--set KEY=VALUE",
+                "--default", "--check", "--force", "--write-xml FILE", "--write-project DIR",
+                "--table FILE", "--export FILE", "--results DIR", "--plot", "-q, --quiet",
+                "--progress=auto|always|never", "--version", "--help"});
 }
 
 TEST(RunProgram, AskingForHelpWritesNothing)
@@ -1234,28 +1196,19 @@ TEST(RunProgram, AnInterruptEndsTheLiveLineBeforeItIsTold)
     EXPECT_TRUE(run.complaint().starts_with("interrupted after step ")) << run.error();
 }
 
-TEST(RunProgram, AnInterruptedRunStillWritesItsTable)
+TEST(RunProgram, AnInterruptedRunStillWritesItsTableAndIsExported)
 {
-    const TestDirectory directory;
-    RunCall run(ENDLESS + Words{"--table", "t.tsv", "--progress=always"}, directory.path());
-    run.start();
-    ASSERT_TRUE(run.readErrorUntil("\rstep "));
-    run.kill(SIGTERM);
-    EXPECT_EQ(run.finish(), 130);
-    EXPECT_EQ(count(directory.read("t.tsv"), '\n'),
-              1 + linesOfSteps(directory.path() / "results").at("tps.res"));
-}
-
-TEST(RunProgram, AnInterruptedRunIsStillExported)
-{
-    const TestDirectory directory;
-    RunCall run(ENDLESS + Words{"--export", "e.csv", "--progress=always"}, directory.path());
-    run.start();
-    ASSERT_TRUE(run.readErrorUntil("\rstep "));
-    run.kill(SIGTERM);
-    EXPECT_EQ(run.finish(), 130);
-    EXPECT_EQ(count(directory.read("e.csv"), '\n'),
-              1 + linesOfSteps(directory.path() / "results").at("tps.res"));
+    for (const char* option : {"--table", "--export"}) {
+        const TestDirectory directory;
+        RunCall run(ENDLESS + Words{option, "all.txt", "--progress=always"}, directory.path());
+        run.start();
+        ASSERT_TRUE(run.readErrorUntil("\rstep "));
+        run.kill(SIGTERM);
+        EXPECT_EQ(run.finish(), 130);
+        EXPECT_EQ(count(directory.read("all.txt"), '\n'),
+                  1 + linesOfSteps(directory.path() / "results").at("tps.res"))
+            << option;
+    }
 }
 
 TEST(RunProgram, AnInterruptEndsAnExportOfFormerResults)

@@ -1,6 +1,7 @@
 #pragma once
 #include <filesystem>
 #include <string>
+#include <vector>
 
 /// A directory of its own for a test, removed with all its contents at the end of the scope.
 class TestDirectory
@@ -24,3 +25,6 @@ public:
 private:
     std::filesystem::path mPath;
 };
+
+/// The names of what lies in a directory, in order.
+std::vector<std::string> namesIn(const std::filesystem::path& directory);

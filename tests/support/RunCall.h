@@ -6,12 +6,24 @@
 #include <sys/types.h>
 #include <vector>
 
-/// A call of one of the programs without windows, in a process of its own and with what it prints read through pipes.
+class TestDirectory;
+
+/// A call of one of the programs without windows, in a process of its own, as on a machine without display, and with
+/// what it prints read through pipes.
 ///
 /// The process is ended with the object at the latest, and by its own alarm should the test be gone.
 class RunCall
 {
 public:
+    /// What a call has left behind.
+    struct End
+    {
+        int mStatus; ///< See finish().
+        std::string mOut;
+        std::string mError;
+        std::string mComplaint; ///< See complaint().
+    };
+
     /// The command line without the program's name; the working directory of the process.
     RunCall(std::vector<std::string> arguments, std::filesystem::path directory);
     ~RunCall();
@@ -35,6 +47,9 @@ public:
     /// Starts the process if need be, and reads to its end. The value that it ended with, or minus
     /// the number of the signal that ended it.
     int finish();
+
+    /// Reads to its end as finish() does.
+    End end();
 
     /// Standard output and standard error, as far as they were read.
     const std::string& out() const { return mOut; }
@@ -64,3 +79,10 @@ private:
     std::string mOut;
     std::string mError;
 };
+
+/// A whole call with the directory as working directory. See RunCall::setPreparation().
+RunCall::End call(const TestDirectory& directory, const std::vector<std::string>& arguments,
+                  const std::function<void()>& preparation = {});
+// What `--version` and `--help` leave: the program's name with the version, and the usage with a line for each option.
+void expectVersion(const std::string& version);
+void expectHelp(const std::string& usage, const std::vector<std::string>& options);

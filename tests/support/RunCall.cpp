@@ -1,4 +1,6 @@
-#include "quorvexRun/RunCall.h"
+#include "support/RunCall.h"
+
+#include "support/TestDirectory.h"
 
 #include <gtest/gtest.h>
 
@@ -96,6 +98,9 @@ void RunCall::become(int program, int out, int error)
     }
     // The arithmetic trap stays a signal under AddressSanitizer, also where ctest has not said so.
     setenv("ASAN_OPTIONS", "handle_sigfpe=0", 0);
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR"}) {
+        unsetenv(name);
+    }
     if (mPreparation) {
         mPreparation();
     }
@@ -218,6 +223,12 @@ int RunCall::finish()
     return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
+RunCall::End RunCall::end()
+{
+    const int status = finish();
+    return {status, mOut, mError, complaint()};
+}
+
 std::string RunCall::complaint() const
 {
     const std::string begin = programName + ": ";
@@ -231,4 +242,33 @@ std::string RunCall::complaint() const
     }
     const bool isClear = complaints == 1 && last.starts_with(begin) && mError.ends_with('\n');
     return isClear ? last.substr(begin.size()) : "";
+}
+
+RunCall::End call(const TestDirectory& directory, const std::vector<std::string>& arguments,
+                  const std::function<void()>& preparation)
+{
+    RunCall run(arguments, directory.path());
+    run.setPreparation(preparation);
+    return run.end();
+}
+
+void expectVersion(const std::string& version)
+{
+    const TestDirectory directory;
+    const RunCall::End end = call(directory, {"--version"});
+    EXPECT_EQ(end.mStatus, 0);
+    EXPECT_EQ(end.mOut, programName + " " + version + "\n");
+    EXPECT_EQ(end.mError, "");
+}
+
+void expectHelp(const std::string& usage, const std::vector<std::string>& options)
+{
+    const TestDirectory directory;
+    const RunCall::End end = call(directory, {"--help"});
+    EXPECT_EQ(end.mStatus, 0);
+    EXPECT_EQ(end.mError, "");
+    EXPECT_TRUE(end.mOut.starts_with(usage)) << end.mOut;
+    for (const std::string& option : options) {
+        EXPECT_NE(end.mOut.find(" " + option), std::string::npos) << option;
+    }
 }
