@@ -110,6 +110,20 @@ TEST_F(COM_ArrayTest, TheOldElementIsReleasedBeforeTheNewOneIsReferenced)
                   + " is referenced.\n");
 }
 
+TEST_F(COM_ArrayTest, AnObjectSetAgainIsReleasedAndReferencedLikeAnother)
+{
+    mArray->add(*mA);
+    testing::internal::CaptureStdout();
+    COM_Object::turnOnDebugFlag();
+    mArray->set(0, *mA);
+    COM_Object::turnOffDebugFlag();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              mA->getIdentityString() + " is unreferenced.\n" + mA->getIdentityString()
+                  + " is referenced.\n");
+    EXPECT_EQ(slots(*mArray), "a");
+    EXPECT_EQ(counts(), (Counts{2, 1, 1}));
+}
+
 TEST_F(COM_ArrayTest, AnElementThatTheArrayAloneHoldsGoesWhenItsSlotIsSet)
 {
     const int before = TestObject::getLivingNumber();

@@ -77,6 +77,20 @@ TEST_F(COM_MapTest, ANewValueUnderAKnownKeyTakesThePlaceOfTheOldOne)
     EXPECT_EQ(counts(), (Counts{1, 2, 1}));
 }
 
+TEST_F(COM_MapTest, AValueStoredAgainIsReleasedAndReferencedLikeAnother)
+{
+    mMap->put("x", *mA);
+    testing::internal::CaptureStdout();
+    COM_Object::turnOnDebugFlag();
+    mMap->put("x", *mA);
+    COM_Object::turnOffDebugFlag();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              mA->getIdentityString() + " is unreferenced.\n" + mA->getIdentityString()
+                  + " is referenced.\n");
+    EXPECT_EQ(mMap->get("x"), mA.get());
+    EXPECT_EQ(counts(), (Counts{2, 1, 1}));
+}
+
 TEST_F(COM_MapTest, RemovalReleasesTheValueAndRefusesAnAbsentKey)
 {
     mMap->put("x", *mA);

@@ -331,6 +331,23 @@ TEST(COM_Object, ASingleAssociationReferencesTheNewObjectAndReleasesTheOld)
     EXPECT_EQ(second->getReferenceCount(), 1);
 }
 
+TEST(COM_Object, AFieldIsEmptyWhileItsOldObjectGoes)
+{
+    const COM_Scoped holder(TestHolder::New());
+    const COM_Scoped other(TestObject::New());
+    for (TestObject* const next : {static_cast<TestObject*>(nullptr), other.get()}) {
+        const TestObject* seen = other.get();
+        {
+            const COM_Scoped own(TestObject::New());
+            own->setFarewell([&seen, &holder] { seen = holder->getObject(); });
+            holder->setObject(own.get());
+        }
+        next != nullptr ? holder->setObject(next) : holder->resetObject();
+        EXPECT_EQ(seen, nullptr);
+        EXPECT_EQ(holder->getObject(), next);
+    }
+}
+
 TEST(COM_Object, TheHolderIsTheWitnessOfItsAssociation)
 {
     const COM_Scoped holder(TestHolder::New());
