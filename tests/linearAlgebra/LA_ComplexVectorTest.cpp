@@ -139,6 +139,10 @@ TEST(LA_ComplexVector, TheDecimalLogarithmHasTheModulusAndThePhase)
     const COM_Scoped v(newVector({{0.0, -100.0}, {0.0, 0.0}}));
     v->log10Transform();
     EXPECT_EQ(valuesOf(*v), (Values{{2.0, -std::numbers::pi / 2.0}, {-50.0, 0.0}}));
+    const COM_Scoped small(newVector({{0.0, 1e-51}, {1e-50, 0.0}}));
+    small->log10Transform();
+    EXPECT_EQ(valuesOf(*small),
+              (Values{{-50.0, std::numbers::pi / 2.0}, {std::log10(1e-50), 0.0}}));
 }
 
 TEST(LA_ComplexVector, ThePartsAreCopiedIntoRealVectors)
