@@ -268,6 +268,13 @@ TEST_F(GEO_BoxTest, AZoomByZeroLeavesTheCentre)
     expectBox(*mBox, {2.0, 4.0, 7.0}, {2.0, 4.0, 7.0});
 }
 
+TEST_F(GEO_BoxTest, AZoomOfABoxTurnedInsideOutGivesMinBelowMax)
+{
+    mBox->setWidth(-2.0);
+    mBox->zoom(2.0);
+    expectBox(*mBox, {-2.0, 0.0, -1.0}, {2.0, 8.0, 15.0});
+}
+
 TEST_F(GEO_BoxTest, PositiveScalesDivideTheFirstTwoCoordinates)
 {
     mBox->adimensionize(2.0, 4.0);

@@ -336,6 +336,18 @@ TEST_F(GEO_VertexNoticeTest, AnotherPointIsAChangeAndTheSameIsNone)
     EXPECT_EQ(mCalls, mAll);
 }
 
+TEST_F(GEO_VertexNoticeTest, APointTakenAwayIsToldToNobody)
+{
+    mVertex->setLocation(1.0, 2.0);
+    mCalls.clear();
+    mVertex->setPoint(nullptr);
+    EXPECT_EQ(mCalls, Calls{});
+    mVertex->setLocation(1.0, 2.0);
+    mCalls.clear();
+    mVertex->resetPoint();
+    EXPECT_EQ(mCalls, Calls{});
+}
+
 TEST_F(GEO_VertexNoticeTest, EveryFormOfSettingTheLocationIsAChange)
 {
     const COM_Scoped point(GEO_Point::New());
