@@ -1419,6 +1419,8 @@ TEST_F(QV_BlochTest, MatricesOfWrongSizesAreForcedToTheLevels)
     EXPECT_EQ(valuesOf(bloch->getLevelsFrequency()), (Values{1, 2}));
     EXPECT_EQ(valuesOf(QV_Bloch::getEquilibriumDensity()), (Values{0, 0}));
     EXPECT_EQ(valuesOf(QV_Bloch::getPolarizations()->get(0)), (Values{5, 6, 7, 0}));
+    // The largest dipole has a key of its own, which is missing here.
+    EXPECT_EQ(QV_Bloch::getMaxPolarizationValue(), 1e-29);
 }
 
 TEST_F(QV_BlochTest, ObjectsOfForeignClassesInAFileArePassedOver)

@@ -490,6 +490,19 @@ TEST_F(QV_IncidentFieldsTest, ASavedWaveComesBackWithItsTimeAndWithoutItsVectors
     EXPECT_EQ(valuesOf(wave->getIncidentField(2, 0.5, 0.1)), (Values{std::sin(0.75), 0.0}));
 }
 
+TEST_F(QV_IncidentFieldsTest, LoadingGivesUpTheVectorsThatAreThere)
+{
+    const COM_Scoped saved(QV_IncidentFields::New());
+    saved->getIncidentField(1, 0.25, 0.1);
+    const COM_Scoped vector(LA_RealVector::New(1));
+    mWave->setIncidentField(*vector);
+    mWave->setMovingIncidentField(*vector);
+    EXPECT_EQ(printedBy([&] { mWave->loadFromMetaClass(Description(*saved).node()); }), "");
+    EXPECT_EQ(vector->getReferenceCount(), 1);
+    EXPECT_EQ(boundary(2, 0.5, 0.1).size(), 2UL);
+    EXPECT_EQ(moving(2, 0.5, 0.1).size(), 2UL);
+}
+
 TEST_F(QV_IncidentFieldsTest, VectorsAreReadUnderKeysThatAreNeverWritten)
 {
     const COM_Scoped factory(QV_ClassFactory::New());

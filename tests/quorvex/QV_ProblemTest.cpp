@@ -836,6 +836,153 @@ TEST_P(QV_ProblemMethodTest, EveryMethodIsAStepOfItsOwn)
     }
 }
 
+namespace {
+
+/// A field system that notes its steps, and says that they have failed.
+class NotingMaxwell : public QV_1DMaxwell
+{
+    COM_CLASS(NotingMaxwell)
+public:
+    bool solveFaraday(double t, double dt) override
+    {
+        mCalls.emplace_back("Faraday");
+        QV_1DMaxwell::solveFaraday(t, dt);
+        return false;
+    }
+    bool solveAmpere(double /*t*/, double /*dt*/) override
+    {
+        mCalls.emplace_back("Ampere");
+        return false;
+    }
+    bool solveAmpereZiolko(double /*t*/, double /*dt*/) override
+    {
+        mCalls.emplace_back("AmpereZiolko");
+        return false;
+    }
+
+protected:
+    explicit NotingMaxwell(Names& calls)
+        : mCalls(calls)
+    {
+        COM_TYPE(NotingMaxwell);
+    }
+    ~NotingMaxwell() override = default;
+
+private:
+    Names& mCalls;
+};
+
+/// A system that notes its steps, and says that they have failed.
+class NotingBloch : public QV_Bloch
+{
+    COM_CLASS(NotingBloch)
+public:
+    bool solveBlochZiolko(double t, double dt) override { return note("Ziolko", t, dt); }
+    bool solveBlochP(double t, double dt) override { return note("P", t, dt); }
+    bool solveBlochPredCorr(double t, double dt) override { return note("PredCorr", t, dt); }
+    bool solveBlochCrank(double t, double dt) override { return note("Crank", t, dt); }
+    bool solveBlochRelaxExtraDiag(double t, double dt) override
+    {
+        return note("RelaxExtraDiag", t, dt);
+    }
+    bool solveBlochRelaxDiag(double t, double dt, const QV_Field& /*oldField*/) override
+    {
+        return note("RelaxDiag", t, dt);
+    }
+    bool solveBlochSplit(double t, double dt) override { return note("Split", t, dt); }
+    bool solveBlochSplitInit(double /*t*/, double dt) override
+    {
+        return note("SplitInit", 0.0, dt);
+    }
+
+protected:
+    NotingBloch(Names& calls, std::string name)
+        : mCalls(calls)
+        , mName(std::move(name))
+    {
+        COM_TYPE(NotingBloch);
+    }
+    ~NotingBloch() override = default;
+
+private:
+    bool note(const std::string& operation, double t, double dt)
+    {
+        const auto step = static_cast<double>(getProblem()->getTimeStepNumber());
+        const double expected = getProblem()->getTimeStepAdim();
+        mCalls.push_back(operation + " " + mName
+                         + (dt == expected && t == step * expected ? "" : " at another time"));
+        return false;
+    }
+
+    Names& mCalls;
+    std::string mName;
+};
+
+/// What one step of a method calls, with two systems, a and b.
+const Names& callsOfStep(unsigned char method)
+{
+    static const std::vector<Names> all{
+        {"Faraday", "AmpereZiolko", "Ziolko a", "Ziolko b", "save"},
+        {"Faraday", "AmpereZiolko", "P a", "P b", "save"},
+        {"Faraday", "Crank a", "Crank b", "save", "Ampere"},
+        {"Faraday", "RelaxExtraDiag a", "RelaxExtraDiag b", "Ampere", "RelaxDiag a", "RelaxDiag b",
+         "save"},
+        {"Faraday", "Split a", "Split b", "save", "Ampere"},
+        {"Faraday", "AmpereZiolko", "PredCorr a", "PredCorr b", "save"},
+    };
+    return all[method];
+}
+
+/// A problem of noting parts, which note into its own calls.
+void useNotingParts(NotingProblem& problem)
+{
+    const COM_Scoped maxwell(NotingMaxwell::New(problem.mCalls));
+    const COM_Scoped wave(QV_IncidentFields::New());
+    maxwell->setIncidentFields(*wave);
+    problem.setMaxwellSystem(*maxwell);
+    problem.resetBlochEquations();
+    for (const char* name : {"a", "b"}) {
+        const COM_Scoped bloch(NotingBloch::New(problem.mCalls, name));
+        problem.addToBlochEquations(*bloch);
+    }
+    dynamic_cast<QV_1DMilieu&>(*problem.getMilieu()).setLength(20.5 * StableProblem::CELL);
+}
+
+} // namespace
+
+TEST_P(QV_ProblemMethodTest, AStepCallsItsOperationsInTheirOrderWhateverTheyReturn)
+{
+    const COM_Scoped problem(NotingProblem::New());
+    useNotingParts(*problem);
+    problem->setMethod(GetParam().mNumber);
+    problem->setMaxTimeStepsNumber(20);
+    problem->setSavingPath(mProblem.directory().slashed());
+    printedBy([&] { EXPECT_EQ(problem->run(mProblem.out()), 0); });
+    Names expected{"initialize", "solve", "initSaving " + mProblem.directory().slashed()};
+    if (GetParam().mNumber == QV_Problem::SPLIT_METHOD) {
+        expected.emplace_back("SplitInit a"); // once, the counter being still 0
+        expected.emplace_back("SplitInit b");
+    }
+    for (int n = 1; n <= 20; ++n) {
+        const Names& step = callsOfStep(GetParam().mNumber);
+        expected.insert(expected.end(), step.begin(), step.end());
+    }
+    expected.emplace_back("closeSaving");
+    EXPECT_EQ(problem->mCalls, expected);
+}
+
+TEST_F(QV_ProblemTest, AMethodThatDoesNotExistOpensAndClosesTheFilesAndCallsNoStep)
+{
+    const COM_Scoped problem(NotingProblem::New());
+    useNotingParts(*problem);
+    problem->setMethod(static_cast<unsigned char>(6));
+    problem->setSavingPath(mProblem.directory().slashed());
+    printedBy([&] { EXPECT_EQ(problem->run(mProblem.out()), 0); });
+    EXPECT_EQ(problem->mCalls,
+              (Names{"initialize", "solve", "initSaving " + mProblem.directory().slashed(),
+                     "closeSaving"}));
+}
+
 INSTANTIATE_TEST_SUITE_P(Methods, QV_ProblemMethodTest, testing::ValuesIn(methods()), nameOfMethod);
 
 // ---------------------------------------------------------------- the watcher
@@ -962,6 +1109,24 @@ TEST_F(QV_ProblemFrequenciesTest, SystemsPastTheFirstAreDrawnAroundTheShiftedFre
         EXPECT_NEAR(mean, (*omega)[j] + 20.0, 0.25 * 3.0) << j;
         EXPECT_NEAR(std::sqrt(squares / count - mean * mean), 3.0, 0.25 * 3.0) << j;
     }
+}
+
+// Two samples begin with the clock's ticks, which have moved on after the first 400.
+TEST_F(QV_ProblemFrequenciesTest, EachLevelGetsASampleOfItsOwn)
+{
+    constexpr unsigned long count = 400;
+    for (unsigned long b = 0; b < count; ++b) {
+        mProblem.addSystem();
+    }
+    mProblem->setFrequenciesDistributionDelta(3.0);
+    const COM_Scoped omega(newVector({100.0, 500.0}));
+    mProblem->generateBlochFrequencies(*omega);
+    unsigned long different = 0;
+    for (unsigned long b = 1; b <= count; ++b) {
+        const Values values = frequenciesOf(b);
+        different += std::fabs((values[0] - 100.0) - (values[1] - 500.0)) > 1e-6 ? 1 : 0;
+    }
+    EXPECT_GT(different, count / 2);
 }
 
 TEST_F(QV_ProblemFrequenciesTest, WithoutAVectorTheFrequenciesOfTheFirstSystemAreTaken)
@@ -1790,6 +1955,26 @@ TEST_F(QV_ProblemTest, MissingKeysAreAnnouncedAndLoadingGoesOn)
     EXPECT_EQ(mProblem->getFrequenciesDistributionDelta(), 4.0);
     EXPECT_EQ(mProblem->getSavingPath(), mProblem.directory().slashed());
     EXPECT_EQ(mProblem->getMethod(), QV_Problem::SPLIT_METHOD);
+    EXPECT_EQ(mProblem->getMaxwellSystem(), maxwell);
+    EXPECT_EQ(mProblem->getMilieu(), milieu);
+    EXPECT_EQ(mProblem->getBlochEquations()->size(), 0UL);
+}
+
+TEST_F(QV_ProblemTest, PartsOfForeignClassesInAFileArePassedOver)
+{
+    const COM_Scoped factory(QV_ClassFactory::New());
+    const COM_Scoped stranger(LA_RealVector::New(1));
+    const COM_Scoped strangers(COM_Array<LA_RealVector>::New());
+    strangers->add(*stranger);
+    const COM_Scoped node(MM_Class::New());
+    node->setId("id");
+    factory->addToMetaClasses(*node);
+    node->addAssociationToMetaFields("mMaxwell", *stranger);
+    node->addAssociationToMetaFields("mBlochEquations", *strangers);
+    node->addAssociationToMetaFields("mMilieu", *stranger);
+    QV_Maxwell* const maxwell = mProblem->getMaxwellSystem();
+    QV_Milieu* const milieu = mProblem->getMilieu();
+    printedBy([&] { mProblem->loadFromMetaClass(*node); });
     EXPECT_EQ(mProblem->getMaxwellSystem(), maxwell);
     EXPECT_EQ(mProblem->getMilieu(), milieu);
     EXPECT_EQ(mProblem->getBlochEquations()->size(), 0UL);
