@@ -1532,6 +1532,50 @@ TEST_F(QV_ProblemTest, MoreFilesAreOpenedThanTheLimitOfTheProcessAllowedBefore)
     EXPECT_EQ(resultFiles(mProblem.directory()).size(), 3UL + 98 * 2);
 }
 
+TEST_F(QV_ProblemTest, AllFilesStayOpenAndBufferedUntilTheEnd)
+{
+    mProblem.addSystem();
+    const auto openFiles = [this] {
+        const std::filesystem::path directory =
+            std::filesystem::canonical(mProblem.directory().path());
+        unsigned long number = 0;
+        for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+            std::error_code isGone;
+            const auto file = std::filesystem::read_symlink(entry.path(), isGone);
+            number += !isGone && file.parent_path() == directory ? 1 : 0;
+        }
+        return number;
+    };
+    std::vector<unsigned long> numbers;
+    std::uintmax_t written = 0;
+    mProblem->setWatcher([&] {
+        numbers.push_back(openFiles());
+        for (const char* series : {"tps.res", "E_at_1.res", "Rho_Bloch1_at_18.res"}) {
+            written += std::filesystem::file_size(mProblem.directory().file(series));
+        }
+    });
+    ASSERT_EQ(mProblem.run(), 0);
+    // Five nodes with a field and two systems each, and the times.
+    EXPECT_EQ(numbers, std::vector<unsigned long>(20, 16));
+    EXPECT_EQ(written, 0UL); // twenty lines fill no buffer
+    EXPECT_EQ(openFiles(), 0UL);
+}
+
+TEST_F(QV_ProblemTest, FilesAreClosedFieldFirstThenSystemsThenTimes)
+{
+    mProblem.addSystem();
+    std::string expected;
+    for (const char* name :
+         {"E_at_5.res", "E_at_9.res", "Rho_Bloch0_at_18.res", "Rho_Bloch1_at_1.res", "tps.res"}) {
+        const std::string file = mProblem.directory().file(name);
+        std::filesystem::create_symlink("/dev/full", file);
+        expected += "The file " + file + " could not be written completely.\n";
+    }
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(mProblem.run(), 0);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), expected);
+}
+
 TEST_F(QV_ProblemTest, ClosingWithoutFilesIsNoFailure)
 {
     EXPECT_TRUE(mProblem->closeSaving());
