@@ -178,14 +178,19 @@ std::string GUI_Table::getValue(int row, int column) const
 
 void GUI_Table::setItems(int rows, int columns)
 {
+    if (!mIsCheckedTable && !mIsComboBoxTable) {
+        return;
+    }
     const QSignalBlocker blocker(this);
     for (int row = 0; row < rows; ++row) {
         for (int column = 0; column < columns; ++column) {
+            // As it is before the cell becomes something else: a table may have both flags.
+            const std::string text = getValue(row, column);
             if (mIsCheckedTable) {
-                makeCheckItem(row, column);
+                makeCheckItem(row, column, text);
             }
             if (mIsComboBoxTable) {
-                makeComboItem(row, column);
+                makeComboItem(row, column, text);
             }
         }
     }
@@ -201,12 +206,12 @@ void GUI_Table::setItems(int rows, int columns)
     }
 }
 
-void GUI_Table::makeCheckItem(int row, int column)
+void GUI_Table::makeCheckItem(int row, int column, const std::string& text)
 {
     if (checkItem(row, column) != nullptr) {
         return;
     }
-    const bool isOn = COM_Integer::parseInt(getValue(row, column)) != 0;
+    const bool isOn = COM_Integer::parseInt(text) != 0;
     removeCellWidget(row, column);
     auto* const box = new QTableWidgetItem(toQString(mCheckTitle));
     box->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
@@ -214,15 +219,14 @@ void GUI_Table::makeCheckItem(int row, int column)
     setItem(row, column, box);
 }
 
-void GUI_Table::makeComboItem(int row, int column)
+void GUI_Table::makeComboItem(int row, int column, const std::string& text)
 {
     if (comboItem(row, column) != nullptr) {
         return;
     }
-    const QString entry = toQString(getValue(row, column));
     auto* const combo = new QComboBox;
     combo->addItems(mComboList);
-    combo->setCurrentIndex(std::max(combo->findText(entry), 0));
+    combo->setCurrentIndex(std::max(combo->findText(toQString(text)), 0));
     delete takeItem(row, column);
     setCellWidget(row, column, combo);
     connect(combo, &QComboBox::activated, this, [this, row, column] {

@@ -65,8 +65,9 @@ protected:
 
 private:
     void setItems(int rows, int columns);
-    void makeCheckItem(int row, int column);
-    void makeComboItem(int row, int column);
+    // Nothing where there is one; `text` is that of the cell.
+    void makeCheckItem(int row, int column, const std::string& text);
+    void makeComboItem(int row, int column, const std::string& text);
     void widenColumns(int width);
     void makeCurrent(int row, int column);
     /// The check box of a cell, or null.

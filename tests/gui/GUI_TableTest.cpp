@@ -370,6 +370,26 @@ TEST(GUI_Table, KeepsTheFirstListOfTwo)
     EXPECT_EQ(comboOf(table, 0, 4).count(), 4);
 }
 
+TEST(GUI_Table, ThatIsToHaveCheckBoxesTooKeepsItsChoices)
+{
+    const TestForm form;
+    GUI_Table& table = addTable(form);
+    table.setComboBoxTable(true, LAWS);
+    table.setValue(0, 1, "2");
+
+    table.setCheckedTable(true, "On");
+    EXPECT_EQ(table.getValue(0, 1), "right");
+    table.setRowsNumber(3);
+    EXPECT_EQ(table.getValue(0, 1), "right");
+    EXPECT_EQ(table.getValue(2, 2), "none");
+
+    // Values are those of check boxes, which no cell has.
+    table.setCurrentCell(0, 1);
+    EXPECT_EQ(table.getValue(), "0");
+    table.setValue("1");
+    EXPECT_EQ(table.getValue(0, 1), "right");
+}
+
 TEST(GUI_Table, SetsChoicesByNumbersWithinTheList)
 {
     const TestForm form;
@@ -441,6 +461,16 @@ TEST(GUI_Table, WidensItsColumnsForTheLongestChoice)
     table.setComboBoxTable(true, {"short", entry, "x"});
     EXPECT_EQ(table.columnWidth(0), width);
     EXPECT_EQ(table.columnWidth(2), width);
+}
+
+TEST(GUI_Table, GivesEveryColumnOfChoicesSomeWidth)
+{
+    const TestForm form;
+    GUI_Table& table = addTable(form);
+    table.setColumnLabel(0, "narrow", 0);
+    ASSERT_EQ(table.columnWidth(0), 0);
+    table.setComboBoxTable(true, {});
+    EXPECT_GE(table.columnWidth(0), 1); // headers have a least width of their own
 }
 
 TEST(GUI_Table, CanBeDisabled)
