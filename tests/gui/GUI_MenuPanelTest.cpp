@@ -1,6 +1,7 @@
 #include "gui/GUI_MenuPanel.h"
 
 #include "common/COM_Array.h"
+#include "support/Ends.h"
 #include "support/TestWindows.h"
 
 #include <QKeySequence>
@@ -171,6 +172,20 @@ TEST(GUI_MenuPanel, MenusAndToolBarsCountItAndDoNotKeepItAlive)
     EXPECT_TRUE(deep.isNull());
     EXPECT_TRUE(bar.isNull());
     EXPECT_EQ(family.mRoot->getReferenceCount(), 1);
+}
+
+TEST(GUI_MenuPanel, MenusEndBeforeToolBarsAndTheLastOneFirst)
+{
+    Ends ends;
+    const TestFamily family;
+    {
+        const COM_Scoped edit(GUI_RootMenu::New(*family.mPanel, "&Edit"));
+        ends.watch(*edit, "edit");
+    }
+    ends.watch(*family.mMenu, "project");
+    ends.watch(*family.mPanel->getToolBar("toolbar"), "bar");
+    family.mRoot->resetMenu();
+    EXPECT_EQ(ends.names(), (std::vector<std::string>{"edit", "project", "bar"}));
 }
 
 TEST(GUI_MenuPanel, TheOwnAnswersToUseAreEmpty)

@@ -2,11 +2,32 @@
 
 #include "gui/GUI_Button.h"
 #include "gui/GUI_FramePanel.h"
+#include "gui/GUI_GridLayout.h"
 #include "gui/GUI_HBoxLayout.h"
+#include "gui/GUI_RootGridLayout.h"
+#include "gui/GUI_RootHBoxLayout.h"
+#include "support/Ends.h"
 #include "support/Printed.h"
 #include "support/TestPanel.h"
 
 #include <QPointer>
+
+template <typename Layout>
+class GUI_ParentLayoutOf : public testing::Test
+{};
+
+using Layouts = testing::Types<GUI_HBoxLayout, GUI_GridLayout, GUI_RootHBoxLayout,
+                               GUI_RootVBoxLayout, GUI_RootGridLayout>;
+TYPED_TEST_SUITE(GUI_ParentLayoutOf, Layouts);
+
+TYPED_TEST(GUI_ParentLayoutOf, HasTheTypeOfItsConcreteClassAlone)
+{
+    const COM_Scoped layout(TypeParam::New());
+    const std::vector<std::string> types = layout->getTypes();
+    ASSERT_EQ(types.size(), 3U);
+    EXPECT_EQ(types[1], "GUI_Object");
+    EXPECT_EQ(layout->getClassName(), std::to_string(types[2].size()) + types[2]);
+}
 
 TEST(GUI_ParentLayout, TakesAComponentOnce)
 {
@@ -84,6 +105,25 @@ TEST(GUI_ParentLayout, TakesItsPartsAlongWithoutAWord)
     EXPECT_TRUE(rowAlive.isNull());
 }
 
+TEST(GUI_ParentLayout, ReleasesItsComponentsAndThenItsChildrenTheLastOneFirst)
+{
+    Ends ends;
+    const COM_Scoped panel(TestPanel::New());
+    {
+        const COM_Scoped layout(GUI_RootVBoxLayout::New());
+        const COM_Scoped first(GUI_HBoxLayout::New());
+        const COM_Scoped second(GUI_HBoxLayout::New());
+        const COM_Scoped button(GUI_Button::New(*panel));
+        layout->addToChildren(*first);
+        layout->addToChildren(*second);
+        layout->addToComponents(*button);
+        ends.watch(*first, "first");
+        ends.watch(*second, "second");
+        ends.watch(*button, "button");
+    }
+    EXPECT_EQ(ends.names(), (std::vector<std::string>{"button", "second", "first"}));
+}
+
 TEST(GUI_ParentLayout, LeavesANestedLayoutAliveThatSomebodyHolds)
 {
     const COM_Scoped row(GUI_HBoxLayout::New());
@@ -115,6 +155,19 @@ TEST(GUI_ParentLayout, FindsAComponentByTheFlagThatItHasNow)
     EXPECT_EQ(layout->getComponent(12), second.get());
     EXPECT_EQ(layout->getComponent(0), nullptr);
     EXPECT_EQ(layout->getComponent(13), nullptr);
+}
+
+TEST(GUI_ParentLayout, FindsAComponentByItsFormerFlagUntilAnUnknownOneIsSought)
+{
+    const COM_Scoped panel(TestPanel::New());
+    const COM_Scoped layout(GUI_RootVBoxLayout::New(*panel));
+    const COM_Scoped button(GUI_Button::New(*panel, static_cast<unsigned char>(1)));
+    layout->addToComponents(*button);
+    button->setFlagId(2);
+
+    EXPECT_EQ(layout->getComponent(1), button.get());
+    EXPECT_EQ(layout->getComponent(2), button.get());
+    EXPECT_EQ(layout->getComponent(1), nullptr);
 }
 
 TEST(GUI_ParentLayout, FindsTheYoungestOfTwoComponentsWithOneFlag)

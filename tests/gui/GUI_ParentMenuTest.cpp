@@ -2,6 +2,7 @@
 
 #include "common/COM_Array.h"
 #include "gui/GUI_ToolBar.h"
+#include "support/Ends.h"
 #include "support/TestWindows.h"
 
 #include <QAction>
@@ -128,6 +129,22 @@ TEST(GUI_ParentMenu, TheResetsEmptyTheMenuButForItsSeparators)
     family.mMenu->resetChildren();
     EXPECT_EQ(texts(*family.mMenu), (Texts{"-"}));
     EXPECT_TRUE(deep.isNull());
+}
+
+TEST(GUI_ParentMenu, SubmenusEndBeforeActionsAndTheLastOneFirst)
+{
+    Ends ends;
+    const TestFamily family;
+    {
+        const COM_Scoped second(GUI_ChildMenu::New("Second"));
+        family.mMenu->addToChildren(*second);
+        ends.watch(*second, "Second");
+    }
+    ends.watch(*family.mMore, "More");
+    ends.watch(*family.mQuit, "Quit");
+    ends.watch(*family.mToggle, "Toggle");
+    family.mPanel->removeFromMenus(*family.mMenu);
+    EXPECT_EQ(ends.names(), (Texts{"Second", "More", "Toggle", "Quit"}));
 }
 
 TEST(GUI_ParentMenu, ActionsAndSubmenusAreFoundByPlaceAndByTheWholeLabel)

@@ -5,6 +5,7 @@
 #include "gui/GUI_FramePanel.h"
 #include "gui/GUI_RootHBoxLayout.h"
 #include "gui/GUI_SpinBox.h"
+#include "support/Ends.h"
 #include "support/Printed.h"
 #include "support/TestPanel.h"
 
@@ -101,6 +102,21 @@ TEST(GUI_ParentPanel, TakesItsWholeTreeAlongWithoutAWord)
     EXPECT_TRUE(childAlive.isNull());
     EXPECT_TRUE(buttonAlive.isNull());
     EXPECT_TRUE(layoutAlive.isNull());
+}
+
+TEST(GUI_ParentPanel, ReleasesItsLayoutAndThenItsChildrenTheLastOneFirst)
+{
+    Ends ends;
+    {
+        const COM_Scoped panel(TestPanel::New());
+        const COM_Scoped first(GUI_FramePanel::New(*panel));
+        const COM_Scoped second(GUI_FramePanel::New(*panel));
+        GUI_Button& button = addComponent<GUI_RootVBoxLayout, GUI_Button>(*panel, 0);
+        ends.watch(*first, "first");
+        ends.watch(*second, "second");
+        ends.watch(button, "button");
+    }
+    EXPECT_EQ(ends.names(), (std::vector<std::string>{"button", "second", "first"}));
 }
 
 TEST(GUI_ParentPanel, LeavesAChildAliveThatSomebodyHolds)
@@ -223,6 +239,21 @@ TEST(GUI_ParentPanel, UpdatesEveryPanelOfTheTreeAndRepaints)
     EXPECT_EQ(other->mUpdates, 1);
     EXPECT_GT(paints, 0);
     EXPECT_GT(grandchild->mPaints, paints);
+}
+
+TEST(GUI_ParentPanel, UpdatesItsChildrenInTheirOrder)
+{
+    std::vector<std::string> order;
+    const COM_Scoped panel(TestPanel::New());
+    const COM_Scoped second(CountingPanel::New(static_cast<GUI_ParentPanel*>(nullptr)));
+    const COM_Scoped first(CountingPanel::New(panel.get()));
+    panel->addToChildren(*second);
+    first->mShowModel = [&order] { order.emplace_back("first"); };
+    second->mShowModel = [&order] { order.emplace_back("second"); };
+
+    panel->updateValues();
+
+    EXPECT_EQ(order, (std::vector<std::string>{"first", "second"}));
 }
 
 TEST(GUI_ParentPanel, PassesOverAChildThatLeavesDuringTheUpdate)

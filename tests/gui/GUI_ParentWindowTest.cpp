@@ -3,6 +3,7 @@
 #include "common/COM_Array.h"
 #include "gui/GUI_Workspace.h"
 #include "support/CaseName.h"
+#include "support/Ends.h"
 #include "support/TestWindows.h"
 
 #include <QFont>
@@ -375,6 +376,35 @@ TEST(GUI_ParentWindow, ResettingTheChildrenReleasesThem)
     EXPECT_EQ(family.mRoot->getReferenceCount(), 1 + 1);
 }
 
+TEST(GUI_ParentWindow, TheNewestChildIsReleasedFirst)
+{
+    Ends ends;
+    const TestFamily family;
+    ends.watch(family.addChild(), "first");
+    ends.watch(family.addChild(), "second");
+    ends.watch(family.addChild(), "third");
+    family.mRoot->resetChildren();
+    EXPECT_EQ(ends.names(), (std::vector<std::string>{"third", "second", "first"}));
+}
+
+TEST(GUI_ParentWindow, ChildrenAreReleasedBeforePanelAndMenu)
+{
+    for (const bool isClosed : {true, false}) {
+        Ends ends;
+        TestFamily family;
+        ends.watch(*family.mPanel, "menu");
+        ends.watch(family.addPanel(), "panel");
+        ends.watch(family.addChild(), "child");
+        if (isClosed) {
+            EXPECT_TRUE(family.mRoot->close(false));
+            EXPECT_EQ(ends.names(), (std::vector<std::string>{"child", "menu", "panel"}));
+        } else {
+            family.release();
+            EXPECT_EQ(ends.names(), (std::vector<std::string>{"child", "panel", "menu"}));
+        }
+    }
+}
+
 TEST(GUI_ParentWindow, ClosingTheChildrenClosesEachByItsOwnClose)
 {
     const TestFamily family;
@@ -398,6 +428,22 @@ TEST(GUI_ParentWindow, AnUpdateReachesPanelAndDescendants)
     EXPECT_EQ(panel->mUpdates, 1);
     EXPECT_EQ(child->mUpdates, 1);
     EXPECT_EQ(deep->mUpdates, 1);
+}
+
+TEST(GUI_ParentWindow, AnUpdateReachesThePanelFirstAndThenTheChildrenByAge)
+{
+    std::vector<std::string> order;
+    const TestFamily family;
+    const COM_Scoped first(UpdateWindow::New(*family.mRoot));
+    const COM_Scoped second(UpdateWindow::New(*family.mRoot));
+    const COM_Scoped deep(UpdateWindow::New(static_cast<GUI_ParentWindow&>(*first)));
+    const COM_Scoped panel(UpdatePanel::New(*family.mRoot));
+    first->mWork = [&order] { order.emplace_back("first"); };
+    second->mWork = [&order] { order.emplace_back("second"); };
+    deep->mWork = [&order] { order.emplace_back("deep"); };
+    panel->mWork = [&order] { order.emplace_back("panel"); };
+    family.mRoot->updateValues();
+    EXPECT_EQ(order, (std::vector<std::string>{"panel", "first", "deep", "second"}));
 }
 
 TEST(GUI_ParentWindow, AnUpdateMayCloseWindowsAndPassesThoseThatHaveLeft)
