@@ -159,3 +159,48 @@ TYPED_TEST(GUI_ActionComponentOf, TakesTheSharedFont)
 
     EXPECT_EQ(component->font().pointSize(), plain->font().pointSize() + 5);
 }
+
+TYPED_TEST(GUI_ActionComponentOf, HasTheTypeOfItsConcreteClass)
+{
+    const COM_Scoped panel(TestPanel::New());
+    const COM_Scoped component(TypeParam::New(*panel));
+    const std::vector<std::string> types = component->getTypes();
+    ASSERT_EQ(types.size(), component->instanceOf("GUI_ColorButton") ? 5U : 4U);
+    EXPECT_EQ(types[1], "GUI_Object");
+    EXPECT_EQ(types[2], "GUI_Component");
+    EXPECT_EQ(component->getClassName(), std::to_string(types.back().size()) + types.back());
+}
+
+TYPED_TEST(GUI_ActionComponentOf, StandsInsideTheWidgetOfItsPanelAndInNoLayoutYet)
+{
+    const COM_Scoped panel(TestPanel::New());
+    const COM_Scoped layout(GUI_RootVBoxLayout::New(*panel));
+    const COM_Scoped byReference(TypeParam::New(*panel));
+    const COM_Scoped byPointer(TypeParam::New(panel.get(), static_cast<unsigned char>(4)));
+    const COM_Scoped alone(TypeParam::New(static_cast<GUI_ParentPanel*>(nullptr)));
+    EXPECT_EQ(byReference->parentWidget(), panel.get());
+    EXPECT_EQ(byReference->getFlagId(), 0);
+    EXPECT_EQ(byReference->getLayout(), nullptr);
+    EXPECT_EQ(byPointer->parentWidget(), panel.get());
+    EXPECT_EQ(byPointer->getFlagId(), 4);
+    EXPECT_EQ(alone->parentWidget(), nullptr);
+    EXPECT_EQ(layout->count(), 0);
+}
+
+TYPED_TEST(GUI_ActionComponentOf, IsEnabledAndDisabledByItsFlagAndHasAToolTipAsGiven)
+{
+    const COM_Scoped panel(TestPanel::New());
+    const COM_Scoped component(TypeParam::New(*panel));
+    GUI_ActionComponent& base = *component;
+    base.setEnabled(false);
+    EXPECT_FALSE(component->isEnabled());
+    base.setEnabled(true);
+    EXPECT_TRUE(component->isEnabled());
+    component->setTooltipText("a & b");
+    EXPECT_EQ(component->toolTip(), "a & b");
+}
+
+TYPED_TEST(GUI_ActionComponentOf, HasASlotForItsSignals)
+{
+    EXPECT_GE(TypeParam::staticMetaObject.indexOfSlot("toDo()"), 0);
+}

@@ -8,7 +8,8 @@ TEST(GUI_FramePanel, IsAWidgetInsideItsParents)
     const COM_Scoped panel(GUI_FramePanel::New(*parent));
 
     EXPECT_EQ(panel->parentWidget(), parent.get());
-    EXPECT_TRUE(panel->instanceOf("GUI_FramePanel"));
+    EXPECT_EQ(panel->getTypes(),
+              (std::vector<std::string>{"COM_Object", "GUI_Object", "GUI_FramePanel"}));
     EXPECT_EQ(panel->title().toStdString(), "");
     EXPECT_EQ(panel->sizePolicy().horizontalPolicy(), QSizePolicy::Preferred);
     EXPECT_EQ(panel->sizePolicy().verticalPolicy(), QSizePolicy::Preferred);

@@ -8,7 +8,8 @@ TEST(GUI_Label, ShowsItsTextAndTakesTheSizeOfIt)
     const COM_Scoped label(GUI_Label::New(*panel));
     label->setLabel("Longueur d'onde &maximale");
 
-    EXPECT_TRUE(label->instanceOf("GUI_Label"));
+    EXPECT_EQ(label->getTypes(),
+              (std::vector<std::string>{"COM_Object", "GUI_Object", "GUI_Component", "GUI_Label"}));
     EXPECT_EQ(label->parentWidget(), panel.get());
     EXPECT_EQ(label->text().toStdString(), "Longueur d'onde &maximale");
     EXPECT_EQ(label->toolTip().toStdString(), "Longueur d'onde maximale");

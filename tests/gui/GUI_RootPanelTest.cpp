@@ -13,7 +13,8 @@ TEST(GUI_RootPanel, NeedsNoWindow)
     EXPECT_EQ(panel->getWindow(), nullptr);
     EXPECT_EQ(panel->getRoot(), panel.get());
     EXPECT_EQ(other->getWindow(), nullptr);
-    EXPECT_TRUE(panel->instanceOf("GUI_RootPanel"));
+    EXPECT_EQ(panel->getTypes(),
+              (std::vector<std::string>{"COM_Object", "GUI_Object", "GUI_RootPanel"}));
     panel->resetWindow();
     EXPECT_EQ(panel->getReferenceCount(), 1);
 }

@@ -16,7 +16,8 @@ TEST(GUI_TabPanel, ShowsItsPanelsAsPagesInOrder)
     tabs->insertPanel(*first, "First");
     tabs->insertPanel(*second, "Second");
 
-    EXPECT_TRUE(tabs->instanceOf("GUI_TabPanel"));
+    EXPECT_EQ(tabs->getTypes(),
+              (std::vector<std::string>{"COM_Object", "GUI_Object", "GUI_TabPanel"}));
     EXPECT_EQ(tabs->parentWidget(), root.get());
     EXPECT_EQ(tabs->count(), 2);
     EXPECT_EQ(tabs->widget(0), first.get());
