@@ -320,6 +320,30 @@ TEST_F(GUI_ApplicationTest, AMissingKeyIsAnnouncedAndTheReadingGoesOn)
     EXPECT_EQ(GUI_Object::getFontName(), "Serif,14");
 }
 
+TEST_F(GUI_ApplicationTest, PreferencesWithoutAnyKeyAnnounceAllAndChangeNothing)
+{
+    setPaths();
+    const COM_Scoped before(MM_Class::New());
+    application().saveToMetaClass(*before);
+    std::string expected;
+    for (const char* const key :
+         {"TRANSLATOR_PATH", "TRANSLATOR_FILE", "DICTIONARY_FILE", "LANG", "ICONS_PATH", "DOC_PATH",
+          "DOC_ABOUT", "DOC_FILE", "WORKING_PATH", "FONT"}) {
+        expected += std::string("no attribute ") + key + " stored in class "
+                    + application().getClassName() + ".\n";
+    }
+    EXPECT_EQ(load({}), expected);
+    const COM_Scoped after(MM_Class::New());
+    application().saveToMetaClass(*after);
+    for (const std::string& key : before->getMetaFields().keys()) {
+        std::string former;
+        std::string present;
+        before->getAttributeFromMetaFields(key, &former);
+        after->getAttributeFromMetaFields(key, &present);
+        EXPECT_EQ(present, former) << key;
+    }
+}
+
 TEST_F(GUI_ApplicationTest, ADictionaryIsAPathOrANameAmongTheTranslations)
 {
     GUI_Object::setLang(1);
@@ -420,15 +444,16 @@ TEST_F(GUI_ApplicationTest, QtsOwnTextsFollowTheLanguage)
 TEST_F(GUI_ApplicationTest, TheTranslatorFileOfTheProgramComesFirst)
 {
     const std::string source =
-        QLibraryInfo::path(QLibraryInfo::TranslationsPath).toStdString() + "/qtbase_de.qm";
-    std::filesystem::copy_file(source, mDirectory.file("tr_fr.qm"));
-    std::filesystem::copy_file(source, mDirectory.file("tr_.qm"));
+        QLibraryInfo::path(QLibraryInfo::TranslationsPath).toStdString() + "/qtbase_";
+    std::filesystem::copy_file(source + "de.qm", mDirectory.file("tr_fr.qm"));
+    std::filesystem::copy_file(source + "it.qm", mDirectory.file("tr_.qm"));
     GUI_Application::TRANSLATOR_PATH = mDirectory.slashed();
     GUI_Application::TRANSLATOR_FILE = "tr_";
-    for (const unsigned char lang : {1, 0}) {
+    for (const unsigned char lang : {0, 1, 2, 4, 5}) {
         GUI_Object::setLang(lang);
         application().updateTranslator();
-        EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), "Abbrechen");
+        EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"),
+                  lang == 1 ? "Abbrechen" : "Annulla");
     }
 }
 

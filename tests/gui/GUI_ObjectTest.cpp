@@ -31,6 +31,15 @@ protected:
     ~PlainObject() override { --mLiving; }
 };
 
+/// What is answered ahead of every static of an ordinary priority, the shared dictionary among them.
+struct EarlyText
+{
+    std::string mText = GUI_Object::translate("Yes");
+    unsigned char mLang = (GUI_Object::setLang(DICO_Dictionary::LANG_IT), GUI_Object::getLang());
+};
+
+[[gnu::init_priority(101)]] const EarlyText early;
+
 /// Puts language, words and font back at the end.
 class GUI_ObjectTest : public testing::Test
 {
@@ -64,6 +73,14 @@ TEST_F(GUI_ObjectTest, TheSharedWordsAreThereBeforeMainInFrench)
     EXPECT_EQ(GUI_Object::getLang(), 1);
     EXPECT_TRUE(GUI_Object::getDictionaryFile().ends_with("/data/linguist/dictionary.xml"));
     EXPECT_EQ(GUI_Object::getFontName(), "");
+}
+
+TEST_F(GUI_ObjectTest, WithoutTheSharedWordsATextIsItsKey)
+{
+    EXPECT_EQ(early.mText, "Yes");
+    EXPECT_EQ(early.mLang, DICO_Dictionary::LANG_EN);
+    GUI_Object::setLang(DICO_Dictionary::LANG_FR);
+    EXPECT_EQ(GUI_Object::translate("Yes"), "Oui");
 }
 
 TEST_F(GUI_ObjectTest, AWordIsTranslatedAndAnUnknownOneIsItsOwnText)

@@ -383,6 +383,27 @@ TEST_F(PreferencesRootPanel, TheLanguageIsEnglishOrFrench)
     EXPECT_EQ(GUI_Object::getLang(), 1);
 }
 
+TEST_F(PreferencesRootPanel, EveryLanguageButTheFirstOneIsFrench)
+{
+    auto& languages = component<GUI_ComboBox>(Panel::COMPO_LANG_BUT);
+    languages.addItem("another");
+    languages.setCurrentIndex(2);
+    emit languages.activated(2);
+    EXPECT_EQ(GUI_Object::getLang(), DICO_Dictionary::LANG_FR);
+}
+
+TEST_F(PreferencesRootPanel, AnotherLanguageLeavesQtsOwnTexts)
+{
+    SharedPreferences::application().updateTranslator();
+    auto& languages = component<GUI_ComboBox>(Panel::COMPO_LANG_BUT);
+    languages.setFocus();
+    QTest::keyClick(&languages, Qt::Key_Down);
+    EXPECT_EQ(GUI_Object::getLang(), DICO_Dictionary::LANG_FR);
+    EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), "Cancel");
+    SharedPreferences::application().updateTranslator();
+    EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), "Annuler");
+}
+
 TEST_F(PreferencesRootPanel, AnotherLanguageCountsForTextsMadeFromThenOn)
 {
     auto& languages = component<GUI_ComboBox>(Panel::COMPO_LANG_BUT);
