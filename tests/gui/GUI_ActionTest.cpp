@@ -157,6 +157,13 @@ TEST(GUI_Action, ATriggerCallsToDoOnceAndTheMenusAreBroughtUpToDate)
     EXPECT_EQ(family.mPanel->mUpdates, 2);
 }
 
+TEST(GUI_Action, ToDoIsASlotThatReachesTheHeir)
+{
+    const TestFamily family;
+    EXPECT_TRUE(QMetaObject::invokeMethod(family.mQuit, "toDo"));
+    EXPECT_EQ(family.mQuit->mCalls, 1);
+}
+
 TEST(GUI_Action, ACheckableActionIsCalledTwicePerClickAndOncePerChangeByCode)
 {
     const TestFamily family;

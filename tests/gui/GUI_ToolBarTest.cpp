@@ -17,6 +17,22 @@
 
 namespace {
 
+/// A bar that can be closed from outside.
+class ClosingBar : public GUI_ToolBar
+{
+    COM_CLASS(ClosingBar)
+public:
+    using GUI_ToolBar::close;
+
+protected:
+    explicit ClosingBar(GUI_ParentWindow& window)
+        : GUI_ToolBar(window, "closing")
+    {
+        COM_TYPE(ClosingBar);
+    }
+    ~ClosingBar() override = default;
+};
+
 /// A shown family with a push button in its tool bar.
 class GUI_ToolBarTest : public testing::Test
 {
@@ -159,6 +175,15 @@ TEST_F(GUI_ToolBarTest, AComponentHeldByOthersOutlivesTheWindow)
     EXPECT_EQ(mButton->getValue(), "Go");
     EXPECT_EQ(mButton->getReferenceCount(), 1);
     mButton->Delete();
+}
+
+TEST_F(GUI_ToolBarTest, HeirsCanCloseIt)
+{
+    const COM_Scoped bar(ClosingBar::New(*mFamily.mRoot));
+    bar->show();
+    EXPECT_TRUE(bar->close(true));
+    EXPECT_TRUE(bar->isHidden());
+    EXPECT_EQ(bar->getReferenceCount(), 1);
 }
 
 TEST_F(GUI_ToolBarTest, TheResetReleasesAllComponents)
