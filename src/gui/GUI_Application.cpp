@@ -42,8 +42,7 @@ int& kept(int number)
 /// UTF-8; bytes that are none are taken for Latin-1.
 QString decoded(const QByteArray& bytes)
 {
-    const QString text = QString::fromUtf8(bytes);
-    return text.toUtf8() == bytes ? text : QString::fromLatin1(bytes);
+    return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes);
 }
 
 /// True for a file that holds something but no root object of that class.

@@ -482,6 +482,8 @@ TEST_F(GUI_ApplicationTest, TheTextAboutTheProgramIsReadFromItsFile)
     EXPECT_EQ(textShown(), "Light in matter, \xc3\xa9t\xc3\xa9.\n");
     mDirectory.write("about.txt", "\xe9t\xe9"); // Latin-1
     EXPECT_EQ(textShown(), "\xc3\xa9t\xc3\xa9");
+    mDirectory.write("about.txt", "\xef\xbb\xbf\xc3\xa9t\xc3\xa9"); // with a byte order mark
+    EXPECT_EQ(textShown(), "\xc3\xa9t\xc3\xa9");
 }
 
 TEST_F(GUI_ApplicationTest, TheBoxAboutTheProgramIsTitledInTheLanguageOfTheWords)
