@@ -40,7 +40,7 @@ void GUI_BrowserPanel::textChanged()
     const std::string title = toTString(edit->documentTitle());
     window->setName(title.empty() ? context : title);
     auto* const menu = dynamic_cast<GUI_BrowserMenu*>(window->getMenu());
-    if (menu != nullptr && menu->showPath(context)) {
+    if (menu != nullptr && menu->showPath(context) && !window->isInHistory(context)) {
         window->addToPaths(context);
     }
 }

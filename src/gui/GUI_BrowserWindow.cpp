@@ -213,9 +213,10 @@ void GUI_BrowserWindow::help() {}
 
 void GUI_BrowserWindow::about()
 {
-    GUI_Message::printMessage(translate("About"), "<p>This example implements a simple HTML browser"
-                                                  "using Qt's rich text capabilities</p>"
-                                                  "<p>The browser is small.</p>");
+    GUI_Message::printAbout(this, translate("About"),
+                            "<p>This example implements a simple HTML browser"
+                            "using Qt's rich text capabilities</p>"
+                            "<p>The browser is small.</p>");
 }
 
 void GUI_BrowserWindow::setHome(const std::string& path)
@@ -239,13 +240,7 @@ void GUI_BrowserWindow::setPathSelected(const std::string& path)
         return;
     }
     const std::string page = edit->getContext();
-    const COM_Scoped history(COM_Array<COM_String>::New());
-    getHistory(*history);
-    bool isKnown = false;
-    for (unsigned long i = 0; i < history->size(); ++i) {
-        isKnown = isKnown || (*history)[i].getString() == page;
-    }
-    if (!isKnown) {
+    if (!isInHistory(page)) {
         addToHistory(page);
     }
     // The same page may have been typed in another form.
@@ -253,6 +248,17 @@ void GUI_BrowserWindow::setPathSelected(const std::string& path)
         menu->showPath(page);
     }
     edit->setFocus();
+}
+
+bool GUI_BrowserWindow::isInHistory(const std::string& path) const
+{
+    const COM_Scoped history(COM_Array<COM_String>::New());
+    getHistory(*history);
+    bool isKnown = false;
+    for (unsigned long i = 0; i < history->size(); ++i) {
+        isKnown = isKnown || (*history)[i].getString() == path;
+    }
+    return isKnown;
 }
 
 void GUI_BrowserWindow::addToPaths(const std::string& path)

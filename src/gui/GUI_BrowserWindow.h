@@ -51,6 +51,8 @@ public:
     // Replace the contents of the array by the paths.
     void getHistory(COM_Array<COM_String>& history) const { mHistory->values(history); }
     void getBookmarks(COM_Array<COM_String>& bookmarks) const { mBookmarks->values(bookmarks); }
+    /// True for a path that was visited, and for the one that a file told.
+    bool isInHistory(const std::string& path) const;
 
     /// Null once the window is closed.
     GUI_BrowserEdit* getBrowserEdit() const;

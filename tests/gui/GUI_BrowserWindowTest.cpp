@@ -282,6 +282,21 @@ TEST(GUI_BrowserWindow, AnEntryOfAFileHasTheNumberZero)
     EXPECT_FALSE(std::filesystem::exists(".bookmarks"));
 }
 
+TEST(GUI_BrowserWindow, APathThatTheFileToldIsNotAddedAgain)
+{
+    const TestBrowser browser;
+    writeList(".history", {QString::fromStdString(browser.page("one.html"))});
+    const Second second(browser);
+    second->setPathSelected(browser.page("one.html"));
+    EXPECT_EQ(second->getBrowserEdit()->getContext(), browser.page("one.html"));
+    EXPECT_EQ(second.history(), std::vector<std::string>{browser.page("one.html")});
+    EXPECT_EQ(second->getMenu()->getMenu("&History")->getActions().size(), 0UL);
+    second->setPathSelected(browser.page("two.html"));
+    EXPECT_EQ(second.history(),
+              (std::vector<std::string>{browser.page("one.html"), browser.page("two.html")}));
+    EXPECT_EQ(second->getMenu()->getMenu("&History")->getActions().size(), 1UL);
+}
+
 TEST(GUI_BrowserWindow, ADamagedFileIsAnEmptyOne)
 {
     const TestBrowser browser;
@@ -407,6 +422,9 @@ TEST(GUI_BrowserWindow, AboutAndHelpAreThere)
     answers.add<QMessageBox>([&](QMessageBox& dialog) {
         title = dialog.windowTitle().toStdString();
         text = dialog.text().toStdString();
+        EXPECT_EQ(dialog.parent(), &*browser);
+        EXPECT_EQ(dialog.icon(), QMessageBox::Information);
+        EXPECT_NE(dialog.textFormat(), Qt::PlainText) << "its paragraphs are marked";
     });
     browser->about();
     EXPECT_EQ(title, "About");
