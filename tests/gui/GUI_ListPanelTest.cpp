@@ -253,6 +253,17 @@ TEST_F(GUI_ListPanelTest, AnUnknownFlagIsNamed)
     EXPECT_EQ(printedBy([&] { listPanel.componentClicked(*stranger); }), "action unknown !7\n");
 }
 
+TEST_F(GUI_ListPanelTest, EveryReportEndsWithANewPicture)
+{
+    const COM_Scoped panel(SelectionOfObjects::New(root()));
+    panel->fill({"a"});
+    show(*panel);
+    auto& listPanel = dynamic_cast<GUI_ListPanel&>(*panel->getChild(0));
+    EXPECT_FALSE(isPaintedAfter(listPanel, [] {}));
+    // The editor shows this item already.
+    EXPECT_TRUE(isPaintedAfter(listPanel, [&] { listPanel.componentClicked(list(*panel)); }));
+}
+
 TEST_F(GUI_ListPanelTest, InsideAnotherPanelOrWithoutListNothingHappens)
 {
     const COM_Scoped lone(GUI_ListPanel::New(root(), true, true));

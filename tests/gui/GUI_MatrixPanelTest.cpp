@@ -425,6 +425,34 @@ TEST_F(GUI_MatrixPanelTest, BoxesHaveTheirLabelsAndRanges)
     EXPECT_EQ(panel->layout()->spacing(), 6);
 }
 
+TEST_F(GUI_MatrixPanelTest, TheBoxesStandInARowAboveTheTable)
+{
+    const COM_Scoped panel(RealPanel::New(root()));
+    const auto* const grid = dynamic_cast<QGridLayout*>(panel->layout());
+    ASSERT_NE(grid, nullptr);
+    EXPECT_EQ(grid->rowCount(), 2);
+    EXPECT_EQ(grid->columnCount(), 2);
+    EXPECT_EQ(grid->itemAtPosition(1, 0)->widget(), &table(*panel));
+    show(*panel);
+    const QList<GUI_Label*> labels = panel->findChildren<GUI_Label*>();
+    ASSERT_EQ(labels.size(), 2);
+    EXPECT_LT(labels[0]->geometry().right(), columnsBox(*panel).x());
+    EXPECT_LT(columnsBox(*panel).geometry().right(), labels[1]->x());
+    EXPECT_LT(labels[1]->geometry().right(), rowsBox(*panel).x());
+    EXPECT_LT(rowsBox(*panel).geometry().bottom(), table(*panel).y());
+}
+
+TEST_F(GUI_MatrixPanelTest, ANewMatrixAndAnUpdateGiveANewPicture)
+{
+    const COM_Scoped first(LA_RealMatrix::New(2, 2));
+    const COM_Scoped second(LA_RealMatrix::New(2, 2));
+    const COM_Scoped panel(RealPanel::New(root(), *first, true));
+    show(*panel);
+    EXPECT_FALSE(isPaintedAfter(*panel, [&] { panel->setMatrix(*first); }));
+    EXPECT_TRUE(isPaintedAfter(*panel, [&] { panel->updateValues(); }));
+    EXPECT_TRUE(isPaintedAfter(*panel, [&] { panel->setMatrix(*second); }));
+}
+
 TEST_F(GUI_MatrixPanelTest, LabelsAreTranslated)
 {
     GUI_Object::setLang(DICO_Dictionary::LANG_FR);

@@ -55,6 +55,17 @@ TEST_F(GUI_MatrixWindowTest, HasATranslatedTitleThatCanBeReplaced)
     EXPECT_EQ(french->getName(), "Matrice");
 }
 
+TEST_F(GUI_MatrixWindowTest, IsAContainerIfItIsAskedFor)
+{
+    const COM_Scoped matrix(LA_RealMatrix::New(1, 1));
+    const COM_Scoped plain(RealWindow::New(window(), false, *matrix, true));
+    EXPECT_FALSE(plain->isContainer());
+    const COM_Scoped container(RealWindow::New(window(), true, *matrix, true));
+    EXPECT_TRUE(container->isContainer());
+    EXPECT_EQ(container->centralWidget(), container->getPanel()->qtWidget())
+        << "the form is seen all the same";
+}
+
 TEST_F(GUI_MatrixWindowTest, LivesAsItsParentsChildAndReleasesTheMatrix)
 {
     const COM_Scoped matrix(LA_RealMatrix::New(2, 2));

@@ -22,6 +22,8 @@ TEST_F(GUI_SelectionPanelTest, HasListAndEditorAsItsChildrenSideBySide)
     EXPECT_NE(dynamic_cast<GUI_ListPanel*>(panel->getChild(0)), nullptr);
     EXPECT_EQ(panel->getChild(1), &panel->editor());
     EXPECT_EQ(panel->layout()->count(), 2);
+    EXPECT_EQ(panel->layout()->contentsMargins(), QMargins(11, 11, 11, 11));
+    EXPECT_EQ(panel->layout()->spacing(), 6);
     show(*panel);
     EXPECT_LT(panel->getChild(0)->qtWidget()->geometry().right(), panel->editor().x());
     EXPECT_EQ(panel->getTypes().back(), "GUI_SelectionPanel");

@@ -196,6 +196,31 @@ TEST_F(GUI_VectorPanelTest, LabelsAreTranslatedAndCanBeReplaced)
               "A title that is wider than any number would be (%)");
 }
 
+TEST_F(GUI_VectorPanelTest, TheBoxStandsBesideItsLabelAboveTheTable)
+{
+    const COM_Scoped panel(RealPanel::New(root()));
+    const auto* const grid = dynamic_cast<QGridLayout*>(panel->layout());
+    ASSERT_NE(grid, nullptr);
+    EXPECT_EQ(grid->rowCount(), 2);
+    EXPECT_EQ(grid->columnCount(), 2);
+    EXPECT_EQ(grid->contentsMargins(), QMargins(11, 11, 11, 11));
+    EXPECT_EQ(panel->layout()->spacing(), 6);
+    show(*panel);
+    EXPECT_LT(panel->findChild<GUI_Label*>()->geometry().right(), box(*panel).x());
+    EXPECT_LT(box(*panel).geometry().bottom(), table(*panel).y());
+}
+
+TEST_F(GUI_VectorPanelTest, ANewVectorAndAnUpdateGiveANewPicture)
+{
+    const COM_Scoped first(LA_RealVector::New(2));
+    const COM_Scoped second(LA_RealVector::New(2));
+    const COM_Scoped panel(RealPanel::New(root(), *first, true));
+    show(*panel);
+    EXPECT_FALSE(isPaintedAfter(*panel, [&] { panel->setVector(*first); }));
+    EXPECT_TRUE(isPaintedAfter(*panel, [&] { panel->updateValues(); }));
+    EXPECT_TRUE(isPaintedAfter(*panel, [&] { panel->setVector(*second); }));
+}
+
 TEST_F(GUI_VectorPanelTest, WithoutBoxThereIsTheTableAlone)
 {
     const COM_Scoped vector(LA_RealVector::New(2));

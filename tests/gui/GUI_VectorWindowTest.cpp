@@ -50,6 +50,17 @@ TEST_F(GUI_VectorWindowTest, HasATranslatedTitle)
     EXPECT_EQ(french->getName(), "Vecteur");
 }
 
+TEST_F(GUI_VectorWindowTest, IsAContainerIfItIsAskedFor)
+{
+    const COM_Scoped vector(LA_RealVector::New(1));
+    const COM_Scoped plain(RealWindow::New(window(), false, *vector, true));
+    EXPECT_FALSE(plain->isContainer());
+    const COM_Scoped container(RealWindow::New(window(), true, *vector, true));
+    EXPECT_TRUE(container->isContainer());
+    EXPECT_EQ(container->centralWidget(), container->getPanel()->qtWidget())
+        << "the form is seen all the same";
+}
+
 TEST_F(GUI_VectorWindowTest, LivesAsItsParentsChildAndReleasesTheVector)
 {
     const COM_Scoped vector(LA_RealVector::New(2));

@@ -7,6 +7,7 @@
 #include "support/EnglishTexts.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <QTest>
@@ -14,6 +15,19 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+
+/// Counts how often a widget is painted.
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        mNumber += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int mNumber = 0;
+};
 
 /// A shown window in English whose panel has a layout for the panel that is tested.
 class CompositeTest : public testing::Test
@@ -54,6 +68,19 @@ protected:
             std::abort();
         }
         return *found;
+    }
+
+    /// Whether the widget is painted after `action`, which changes nothing in it that would be.
+    template <typename Action>
+    static bool isPaintedAfter(QWidget& widget, Action action)
+    {
+        QCoreApplication::processEvents();
+        PaintCounter counter(widget);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(counter.mNumber, 0) << "painted by itself";
+        action();
+        QCoreApplication::processEvents();
+        return counter.mNumber > 0;
     }
 
     static void click(QWidget& widget) { QTest::mouseClick(&widget, Qt::LeftButton); }
