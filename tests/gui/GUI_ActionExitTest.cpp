@@ -52,5 +52,6 @@ TEST(GUI_ActionExit, StaysWhenTheUserSaysCancel)
     root.add<GUI_ActionExit>().trigger();
     EXPECT_TRUE(root->isVisible());
     EXPECT_EQ(root->getMenu(), &root.menuPanel());
+    EXPECT_EQ(root.menuPanel().mUpdates, 0) << "the menus are left as they are";
     root->setSavingFile("");
 }

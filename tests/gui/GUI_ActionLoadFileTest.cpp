@@ -106,6 +106,23 @@ TEST(GUI_ActionLoadFile, RefusesAFileOfAnotherClass)
     root->setSavingFile("");
 }
 
+TEST(GUI_ActionLoadFile, AFileThatHasGoneMeanwhileIsLeftToTheWindow)
+{
+    const TestDirectory directory;
+    const std::string file = directory.write("gone.xml", "");
+    const ProjectRoot root;
+    root->setSavingPath(directory.slashed());
+    auto& action = root.add<GUI_ActionLoadFile>();
+    DialogAnswers answers;
+    answers.add<QFileDialog>([&file](QFileDialog& dialog) {
+        typeName(dialog, "gone.xml");
+        std::filesystem::remove(file);
+    });
+    EXPECT_EQ(printedBy([&action] { action.trigger(); }), "load the project file \n");
+    EXPECT_EQ(root->mCalls, Calls{"load " + directory.slashed() + " gone.xml"});
+    root->setSavingFile("");
+}
+
 TEST(GUI_ActionLoadFile, AsksToSaveTheOpenFile)
 {
     const TestDirectory directory;

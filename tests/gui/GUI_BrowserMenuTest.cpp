@@ -5,7 +5,9 @@
 #include "gui/TestBrowser.h"
 #include "support/SharedPreferences.h"
 
+#include <QImage>
 #include <QLineEdit>
+#include <QPixmap>
 
 #include <gtest/gtest.h>
 
@@ -82,6 +84,29 @@ TEST(GUI_BrowserMenu, HasItsMenusInOrder)
     EXPECT_TRUE(browser.menu("&Bookmark").actions().at(1)->isSeparator());
 }
 
+TEST(GUI_BrowserMenu, EachIconIsThatOfItsFile)
+{
+    struct Row
+    {
+        const char* mMenu;
+        const char* mLabel;
+        const char* mFile;
+    };
+    const SharedPreferences former;
+    GUI_Action::ICONS_PATH = GUI_BaseDirectory::find() + "/icons/";
+    const TestBrowser browser;
+    for (const Row& row :
+         {Row{"&File", "&New Window", "filenew.png"}, Row{"&File", "&Open File", "fileopen.png"},
+          Row{"&File", "&Print", "print.png"}, Row{"&Navigator", "Back", "back.xpm"},
+          Row{"&Navigator", "Next", "forward.xpm"}, Row{"&Navigator", "Home", "home.xpm"}}) {
+        const QImage image(QString::fromStdString(GUI_Action::ICONS_PATH + row.mFile));
+        ASSERT_FALSE(image.isNull()) << row.mFile;
+        EXPECT_EQ(browser.action(row.mMenu, row.mLabel).icon().pixmap(image.size()).toImage(),
+                  QPixmap::fromImage(image).toImage())
+            << row.mFile;
+    }
+}
+
 TEST(GUI_BrowserMenu, TheToolBarEndsWithTheCombo)
 {
     const TestBrowser browser;
@@ -128,6 +153,27 @@ TEST(GUI_BrowserMenu, BackAndNextStartDisabledAndFollowTheirFlags)
     browser.edit().setBackwardAvailable(false);
     EXPECT_FALSE(back.isEnabled());
     EXPECT_TRUE(next.isEnabled());
+}
+
+TEST(GUI_BrowserMenu, AnUpdateChangesNoEntry)
+{
+    const TestBrowser browser;
+    browser.menuPanel().addHistory("/one.html");
+    browser.action("&File", "&Print").setEnabled(false);
+    const auto states = [&browser] {
+        std::vector<bool> found;
+        for (const char* const menu : {"&File", "&Navigator", "&History", "&Bookmark"}) {
+            const COM_Array<GUI_Action>& actions = browser.menu(menu).getActions();
+            for (unsigned long i = 0; i < actions.size(); ++i) {
+                found.push_back(actions[i].isEnabled());
+            }
+        }
+        return found;
+    };
+    const std::vector<bool> before = states();
+    EXPECT_EQ(before, (std::vector<bool>{true, true, false, true, false, false, true, true, true}));
+    browser.menuPanel().updateStateMenus();
+    EXPECT_EQ(states(), before);
 }
 
 TEST(GUI_BrowserMenu, MenusAreFoundAfterAChangeOfTheLanguage)

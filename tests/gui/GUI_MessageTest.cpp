@@ -73,9 +73,11 @@ TEST(GUI_Message, AboutRendersRichText)
         EXPECT_EQ(box.windowTitle(), "About");
         EXPECT_EQ(box.text(), "<b>Quorvex</b>");
         EXPECT_EQ(box.textFormat(), Qt::AutoText);
+        EXPECT_EQ(box.icon(), QMessageBox::Information);
+        EXPECT_EQ(box.standardButtons(), QMessageBox::Ok);
         press(box, QMessageBox::Ok);
     });
-    GUI_Message::printAbout(&*root, "About", "<b>Quorvex</b>");
+    EXPECT_EQ(GUI_Message::printAbout(&*root, "About", "<b>Quorvex</b>"), QMessageBox::Ok);
 }
 
 TEST(GUI_Message, WarningShowsTheGivenTexts)

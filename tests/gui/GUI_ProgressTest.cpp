@@ -116,6 +116,8 @@ TEST(GUI_Progress, GoesWithItsWindow)
 {
     GUI_Progress* const progress = GUI_Progress::New(20);
     EXPECT_EQ(progress->getReferenceCount(), 1);
+    EXPECT_TRUE(progress->instanceOf("COM_Out"));
+    EXPECT_EQ(progress->getTypes().back(), "GUI_Progress");
     EXPECT_EQ(progressWindows().size(), 1U);
     progress->Delete();
     EXPECT_EQ(progressWindows().size(), 0U);

@@ -3,6 +3,7 @@
 #include "dictionary/DICO_Dictionary.h"
 #include "gui/GUI_TextPanel.h"
 #include "support/DialogAnswers.h"
+#include "support/Printed.h"
 #include "TextForm.h"
 
 #include <QClipboard>
@@ -118,7 +119,8 @@ TEST(GUI_TextWindow, AMissingFileGivesAnEmptyText)
     const TextForm form;
     form.load("former");
     form.type("x");
-    form->load("none/missing.txt");
+    DialogAnswers noDialogs;
+    EXPECT_EQ(printedBy([&form] { form->load("none/missing.txt"); }), "");
     EXPECT_EQ(form.text().getValue(), "");
     EXPECT_FALSE(form.text().isModified());
     EXPECT_EQ(form->getSavingPath(), "none/");
@@ -133,7 +135,8 @@ TEST(GUI_TextWindow, AFileThatCannotBeWrittenLeavesTheTextModified)
 {
     const TextForm form;
     form.type("mine");
-    form->save("none/a.txt");
+    DialogAnswers noDialogs;
+    EXPECT_EQ(printedBy([&form] { form->save("none/a.txt"); }), "");
     EXPECT_TRUE(form.text().isModified());
     EXPECT_FALSE(fs::exists("none"));
     EXPECT_EQ(form->getSavingPath(), "none/");
