@@ -394,10 +394,12 @@ TEST(QVG_MainWindow, AListThatCannotBeWrittenEndsTheSavingAfterTheModel)
     std::filesystem::remove(window.file("project.dpj"));
     std::filesystem::remove(window.file("savingPlotterWindows.txt"));
     std::filesystem::create_directory(window.file("savingPlotterWindows.txt"));
+    window.write("plotter_window_saving_1.xml", "");
     const COM_Scoped text(TestTextWindow::New(*window));
     EXPECT_EQ(printedBy([&window] { window->save(); }),
               "save the model file " + window.path() + "parameters.xml...\n");
     EXPECT_FALSE(window.exists("project.dpj"));
+    EXPECT_FALSE(window.exists("plotter_window_saving_1.xml"));
     EXPECT_TRUE(text->mSaved.empty());
 }
 
@@ -644,12 +646,29 @@ TEST(QVG_MainWindow, PlotsComeBackWithTheProjectWhereverItLies)
                                         "Quorvex Visualization"}));
     const GUI2D_PlotterWindow& second = *childrenOf<GUI2D_PlotterWindow>(*window)[1];
     EXPECT_TRUE(second.isVisible());
+    EXPECT_FALSE(second.isContainer());
     EXPECT_EQ(second.pos(), QPoint(30, 40));
     EXPECT_EQ(second.size(), QSize(640, 480));
     ASSERT_EQ(second.getPlotsNumber(), 1UL);
     const GUI2D_Curve& curve = second.getPlotter()->getCurves()[0];
     EXPECT_EQ(curve.getName(), "second");
     EXPECT_EQ(curve.getYValues()->toString(), "(3.000000e+00,-1.000000e+00)");
+}
+
+TEST(QVG_MainWindow, PlotsThatCameBackAreSavedUnderTheirNewNumbers)
+{
+    const TestMainWindow window;
+    window.createProject();
+    const std::string former = fileOf(addPlot(window, "first", QRect(10, 20, 400, 300)));
+    window->save();
+    window->load(window.file("project.dpj"));
+    EXPECT_TRUE(window.exists(former));
+    const std::string present = fileOf(*window->findForm<GUI2D_PlotterWindow>());
+    ASSERT_NE(present, former);
+    window->save();
+    EXPECT_EQ(window.read("savingPlotterWindows.txt"), present + " 10 20 400 300\n");
+    EXPECT_TRUE(window.exists(present));
+    EXPECT_FALSE(window.exists(former));
 }
 
 TEST(QVG_MainWindow, PlotsThatAreClosedLeaveTheProjectWithTheNextSaving)
@@ -809,6 +828,7 @@ TEST(QVG_MainWindow, AProjectIsTheSameAfterLoadingAndSaving)
     window.createOtherProject();
     window->load(window.file("project.dpj"));
     EXPECT_EQ(QV_Bloch::getTemperature(), 77.0);
+    EXPECT_EQ(window.problem().getMaxTimeStepsNumber(), 2000UL) << "not part of a project";
     window->save();
     EXPECT_EQ(objects(window.read("parameters.xml")), objects(parameters));
     EXPECT_EQ(window.read("project.dpj"), project);
