@@ -32,6 +32,16 @@ TEST(QVG_ActionEditParameters, AClosedWindowIsFollowedByAFreshOne)
     EXPECT_EQ(window.children(), std::vector<std::string>{"Options Window"});
 }
 
+TEST(QVG_ActionEditParameters, BringsTheMenusUpToDate)
+{
+    const TestMainWindow window;
+    window.createProject();
+    window.write("tps.res", "");
+    EXPECT_FALSE(window.action(QVG_MainMenu::VISUALIZE, 0).isEnabled());
+    window.action(QVG_MainMenu::EDIT, 0).trigger();
+    EXPECT_TRUE(window.action(QVG_MainMenu::VISUALIZE, 0).isEnabled());
+}
+
 TEST(QVG_ActionEditParameters, OutsideAMenuItDoesNothing)
 {
     const TestMainWindow window;

@@ -130,6 +130,16 @@ TEST(QVG_ActionEditProject, AnotherProjectClosesTheDescriptionOfTheFormerWithout
     EXPECT_FALSE(window.exists(FILE_NAME));
 }
 
+TEST(QVG_ActionEditProject, BringsTheMenusUpToDate)
+{
+    const TestMainWindow window;
+    window.createProject();
+    window.write("tps.res", "");
+    EXPECT_FALSE(window.action(QVG_MainMenu::VISUALIZE, 0).isEnabled());
+    window.action(QVG_MainMenu::EDIT, 1).trigger();
+    EXPECT_TRUE(window.action(QVG_MainMenu::VISUALIZE, 0).isEnabled());
+}
+
 TEST(QVG_ActionEditProject, OutsideAMenuItDoesNothing)
 {
     const TestMainWindow window;

@@ -123,6 +123,8 @@ TEST(QVG_ActionHelp, TheTypeChoosesTheLabel)
     const COM_Scoped manual(QVG_ActionHelp::New(QVG_ActionHelp::MANUAL_TYPE));
     EXPECT_EQ(about->getLabel(), "About");
     EXPECT_EQ(manual->getLabel(), "Manual");
+    EXPECT_EQ(QVG_ActionHelp::ABOUT_TYPE, 0);
+    EXPECT_EQ(QVG_ActionHelp::MANUAL_TYPE, 1);
 }
 
 TEST(QVG_ActionHelp, OutsideAMenuItDoesNothing)

@@ -16,6 +16,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
+#include <limits>
 #include <map>
 #include <unistd.h>
 
@@ -81,9 +82,21 @@ class FailingProblem : public QV_1DProblem
 public:
     using QV_1DProblem::run;
 
-    int run(COM_Out& /*out*/) override { return mResult; }
+    int run(COM_Out& /*out*/) override
+    {
+        mDirectory = getSavingPath();
+        for (const QWidget* const widget : QApplication::topLevelWidgets()) {
+            if (const auto* const bar = widget->findChild<QProgressBar*>()) {
+                mMaximum = bar->maximum();
+            }
+        }
+        return mResult;
+    }
 
     int mResult = 0;
+    // What the run found.
+    std::string mDirectory;
+    int mMaximum = -1; ///< Of the bar.
 
 protected:
     FailingProblem() { COM_TYPE(FailingProblem); }
@@ -207,6 +220,27 @@ TEST(QVG_ActionRun, EachResultOfTheRunHasItsMessage)
         problem->mResult = result;
         EXPECT_EQ(report(window), text) << result;
     }
+}
+
+TEST(QVG_ActionRun, TheBarHoldsMoreStepsThanItCanCount)
+{
+    const TestMainWindow window;
+    window.createProject();
+    const COM_Scoped problem(FailingProblem::New());
+    problem->setMaxTimeStepsNumber(5000000000UL);
+    TestMainWindow::application().setModel(*problem);
+    EXPECT_EQ(report(window), "Information!|Execution succeeds.");
+    EXPECT_EQ(problem->mMaximum, std::numeric_limits<int>::max());
+    EXPECT_EQ(problem->mDirectory, window.path());
+}
+
+TEST(QVG_ActionRun, AFieldWithoutBoundsIsNoFailure)
+{
+    const TestMainWindow window;
+    window.createSmallProject();
+    window.wave().setFieldMaxValue(std::numeric_limits<double>::infinity());
+    EXPECT_EQ(reportAfterCheck(window, "Yes"), "Information!|Execution succeeds.");
+    EXPECT_NE(window.read("E_at_1.res").find("nan"), std::string::npos);
 }
 
 TEST(QVG_ActionRun, MessagesAreTranslated)
