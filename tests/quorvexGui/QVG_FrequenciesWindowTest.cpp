@@ -229,6 +229,15 @@ TEST(QVG_FrequenciesWindow, NegativeParametersOfTheLawBecomeZero)
     EXPECT_EQ(frequencies.component(Root::COMPO_LE_TYPE).getValue(), "0.000000e+00");
 }
 
+TEST(QVG_FrequenciesWindow, TheLawIsTheItemsNumber)
+{
+    TestFrequencies frequencies(2);
+    QV_Problem& problem = frequencies.forms().problem();
+    problem.setFrequenciesDistributionMethod(7); // of no item
+    frequencies.root().componentClicked(frequencies.component(Root::COMPO_CB_STAT));
+    EXPECT_EQ(problem.getFrequenciesDistributionMethod(), 0);
+}
+
 TEST(QVG_FrequenciesWindow, FieldsThatAreOnlyVisitedKeepAllDigits)
 {
     TestFrequencies frequencies(2);

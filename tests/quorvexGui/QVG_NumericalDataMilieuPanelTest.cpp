@@ -39,6 +39,12 @@ TEST(QVG_NumericalDataMilieuPanel, PointsGoFromOneToAThousand)
     QWidget& box = forms.widget<Form>(Form::COMPO_SB_DISCR);
     QTest::keyClick(&box, Qt::Key_Up);
     EXPECT_EQ(points(forms), 8.0);
+    forms.type<Form>(Form::COMPO_SB_DISCR, "1");
+    QTest::keyClick(&box, Qt::Key_Down);
+    EXPECT_EQ(points(forms), 1.0);
+    forms.type<Form>(Form::COMPO_SB_DISCR, "1000");
+    QTest::keyClick(&box, Qt::Key_Up);
+    EXPECT_EQ(points(forms), 1000.0);
 }
 
 TEST(QVG_NumericalDataMilieuPanel, DigitsCountWhenTheNumberIsComplete)

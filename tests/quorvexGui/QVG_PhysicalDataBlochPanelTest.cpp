@@ -245,18 +245,30 @@ TEST(QVG_PhysicalDataBlochPanel, MissingMatricesAreMade)
     const TestForms forms;
     setMethod(forms, QV_Problem::SPLIT_METHOD);
     setRelaxationType(forms, QV_Bloch::CASCADE_RELAXATION_TYPE);
+    const COM_Array<QV_Bloch>& systems = *forms.problem().getBlochEquations();
+    while (systems.size() > 0) { // atoms have their matrices
+        forms.problem().removeFromBlochEquations(systems[0]);
+    }
     QV_Bloch::resetShared();
+    ASSERT_EQ(QV_Bloch::getInitialDensity(), nullptr);
+    ASSERT_EQ(QV_Bloch::getPolarizations(), nullptr);
+    ASSERT_EQ(QV_Bloch::getLongitudinalRelaxation(), nullptr);
+    ASSERT_EQ(QV_Bloch::getEquilibriumDensity(), nullptr);
     QV_Bloch::setRelaxationType(QV_Bloch::CASCADE_RELAXATION_TYPE);
     forms.window().updateValues();
-    for (const unsigned char flag :
-         {Form::COMPO_PB_DENSITY, Form::COMPO_PB_DIAG, Form::COMPO_PB_EQU}) {
+    for (const unsigned char flag : {Form::COMPO_PB_DENSITY, Form::COMPO_PB_POLARIZATION,
+                                     Form::COMPO_PB_DIAG, Form::COMPO_PB_EQU}) {
         forms.click<Form>(flag);
     }
-    EXPECT_EQ(forms.details().size(), 3UL);
+    EXPECT_EQ(forms.details().size(), 4UL);
     ASSERT_NE(QV_Bloch::getInitialDensity(), nullptr);
+    ASSERT_NE(QV_Bloch::getPolarizations(), nullptr);
     ASSERT_NE(QV_Bloch::getLongitudinalRelaxation(), nullptr);
     ASSERT_NE(QV_Bloch::getEquilibriumDensity(), nullptr);
     EXPECT_EQ(QV_Bloch::getInitialDensity()->getLinesNumber(), QV_Bloch::getLevelsNumber());
+    for (GUI_ChildWindow* const window : childrenOf<GUI_ChildWindow>(forms.window())) {
+        EXPECT_FALSE(window->isModal()) << window->getName();
+    }
 }
 
 TEST(QVG_PhysicalDataBlochPanel, DensitiesAreEditedCellByCell)

@@ -117,6 +117,19 @@ TEST(QVG_PhysicalDataMaxwellPanel, TheEndsAreOfOneKindAtATime)
     expectEnds(forms, false, false);
 }
 
+TEST(QVG_PhysicalDataMaxwellPanel, OfTwoKindsOfEndsTheOtherStaysWhenOneIsTakenOff)
+{
+    const TestForms forms;
+    for (const bool isLaser : {true, false}) {
+        forms.maxwell().setLaserType(true); // as a project may hold it
+        forms.maxwell().setReflexiveLaserType(true);
+        forms.window().updateValues();
+        expectEnds(forms, true, true);
+        forms.click<Form>(isLaser ? Form::COMPO_CKB_RLASER : Form::COMPO_CKB_LASER);
+        expectEnds(forms, isLaser, !isLaser);
+    }
+}
+
 TEST(QVG_PhysicalDataMaxwellPanel, TheShapeIsTheItemsNumber)
 {
     const TestForms forms;
