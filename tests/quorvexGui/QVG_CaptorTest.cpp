@@ -48,6 +48,24 @@ TEST(QVG_Captor, TextTellsEverythingLineByLine)
                                         "2\n");
 }
 
+TEST(QVG_Captor, EachComponentHasASwitchAndALineOfItsOwn)
+{
+    for (const int component : {0, 1, 2}) {
+        const COM_Scoped captor(QVG_Captor::New());
+        captor->setEx(component == 0);
+        captor->setEy(component == 1);
+        captor->setEz(component == 2);
+        EXPECT_EQ(captor->isEx(), component == 0);
+        EXPECT_EQ(captor->isEy(), component == 1);
+        EXPECT_EQ(captor->isEz(), component == 2);
+        const std::string text = captor->toString();
+        const char* const lines[] = {"\t ShowEx:1\n", "\t ShowEy:1\n", "\t ShowEz:1\n"};
+        for (const int line : {0, 1, 2}) {
+            EXPECT_EQ(text.find(lines[line]) != std::string::npos, line == component) << text;
+        }
+    }
+}
+
 TEST(QVG_Captor, PositionsHaveOneTwoOrThreeCoordinates)
 {
     const COM_Scoped captor(QVG_Captor::New());

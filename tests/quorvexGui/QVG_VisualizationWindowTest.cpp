@@ -456,11 +456,13 @@ TEST(QVG_VisualizationRootPanel, TheFieldOfACaptorIsACurveOverTheSeconds)
     const TestResults results;
     results.write("E_at_7.res", "0 1 \n1 -3 \n2 2 \n");
     results.open();
+    EXPECT_FALSE(results.root().isENormalized());
     results.visualize();
     ASSERT_EQ(results.windows<GUI2D_PlotterWindow>().size(), 1UL);
     const GUI2D_PlotterWindow& window = *results.windows<GUI2D_PlotterWindow>()[0];
     EXPECT_EQ(window.getName(), "Quorvex Visualization");
     EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(window.isContainer());
     EXPECT_EQ(window.size(), QSize(800, 500));
     EXPECT_EQ(results.plotter().getTitle(), "Quorvex Solutions");
     EXPECT_EQ(results.plotter().getXLabel(), "Times");
@@ -708,6 +710,16 @@ TEST(QVG_VisualizationRootPanel, AnEmptyListShowsTheMessageToo)
     DialogAnswers answers;
     answers.add<QMessageBox>(
         [](QMessageBox& dialog) { EXPECT_EQ(dialog.text(), "No curve selected !"); });
+    results.visualize();
+    EXPECT_TRUE(results.windows<GUI2D_PlotterWindow>().empty());
+}
+
+TEST(QVG_VisualizationRootPanel, WithoutAListNothingIsPlotted)
+{
+    const TestResults results;
+    results.open();
+    results.root().removeFromChildren(0);
+    const DialogAnswers noDialogs;
     results.visualize();
     EXPECT_TRUE(results.windows<GUI2D_PlotterWindow>().empty());
 }
