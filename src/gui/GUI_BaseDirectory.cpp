@@ -10,5 +10,5 @@ std::string GUI_BaseDirectory::find()
     const std::filesystem::path sources = QUORVEX_DATA_SOURCE;
     const bool isBuilt = !std::filesystem::is_directory(installed, error)
                          && std::filesystem::is_directory(sources, error);
-    return (isBuilt ? sources : installed).lexically_normal().parent_path().string();
+    return ((isBuilt ? sources : installed) / "").lexically_normal().string();
 }

@@ -5,7 +5,7 @@
 class GUI_BaseDirectory
 {
 public:
-    /// The directory beside the installed program, else the one of the sources, without a slash at its end.
+    /// The directory beside the installed program, else the one of the sources, with a slash at its end.
     /// Where neither exists it is the first.
     static std::string find();
 };

@@ -152,8 +152,8 @@ TEST_F(GUI_ApplicationTest, TheSharedPathsStartAsTold)
     EXPECT_EQ(GUI_Application::DOC_FILE, "index.html");
     EXPECT_EQ(GUI_Application::DOC_ABOUT, "about.txt");
     EXPECT_EQ(GUI_Application::WORKING_PATH, "./");
-    EXPECT_TRUE(GUI_Application::TRANSLATOR_PATH.ends_with("/src/data/linguist/"));
-    EXPECT_TRUE(GUI_Application::DOC_PATH.ends_with("/src/data/doc/quorvexGui/html/"));
+    EXPECT_TRUE(GUI_Application::TRANSLATOR_PATH.ends_with("/src/data//linguist/"));
+    EXPECT_TRUE(GUI_Application::DOC_PATH.ends_with("/src/data//doc/quorvexGui/html/"));
     EXPECT_EQ(GUI_Application::TRANSLATOR_PATH + GUI_Application::DICTIONARY_FILE,
               GUI_Object::getDictionaryFile());
 }

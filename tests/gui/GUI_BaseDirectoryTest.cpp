@@ -39,7 +39,7 @@ private:
 TEST(GUI_BaseDirectory, AProgramInABuildDirectoryFindsTheSources)
 {
     const std::string directory = GUI_BaseDirectory::find();
-    EXPECT_TRUE(directory.ends_with("/src/data")) << directory;
+    EXPECT_TRUE(directory.ends_with("/src/data/")) << directory;
     EXPECT_TRUE(std::filesystem::is_directory(directory));
 }
 
@@ -49,7 +49,7 @@ TEST(GUI_BaseDirectory, AnInstalledProgramPrefersWhatLiesBesideItAndStartsWithou
     std::filesystem::create_directories(program.directory().path() / "share" / "quorvex");
     EXPECT_EQ(program.run(), 0);
     const std::string file = std::filesystem::canonical(program.directory().path()).string()
-                             + "/share/quorvex/linguist/dictionary.xml";
+                             + "/share/quorvex//linguist/dictionary.xml";
     EXPECT_EQ(program.log(), "ERROR:" + file + " can not be opened !! \n");
 }
 

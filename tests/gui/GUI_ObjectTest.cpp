@@ -71,7 +71,7 @@ TEST_F(GUI_ObjectTest, TheSharedWordsAreThereBeforeMainInFrench)
 {
     ASSERT_NE(GUI_Object::getDictionary(), nullptr);
     EXPECT_EQ(GUI_Object::getLang(), 1);
-    EXPECT_TRUE(GUI_Object::getDictionaryFile().ends_with("/data/linguist/dictionary.xml"));
+    EXPECT_TRUE(GUI_Object::getDictionaryFile().ends_with("/data//linguist/dictionary.xml"));
     EXPECT_EQ(GUI_Object::getFontName(), "");
 }
 

@@ -46,7 +46,7 @@ TEST_F(QVG_MainTest, ThePathsFollowFromTheBaseDirectory)
     visit = [&isVisited](GUI_Application& application) {
         isVisited = true;
         const std::string base = GUI_BaseDirectory::find();
-        EXPECT_NE(base.back(), '/');
+        EXPECT_TRUE(base.ends_with("/src/data/")) << base;
         EXPECT_EQ(GUI_Application::TRANSLATOR_PATH, base + "/linguist/");
         EXPECT_EQ(GUI_Application::TRANSLATOR_FILE, "qt_");
         EXPECT_EQ(GUI_Application::DICTIONARY_FILE, "dictionary.xml");
@@ -57,6 +57,7 @@ TEST_F(QVG_MainTest, ThePathsFollowFromTheBaseDirectory)
         EXPECT_EQ(GUI_Action::ICONS_PATH, base + "/icons/");
         EXPECT_EQ(GUI_Component::ICONS_PATH, base + "/icons/");
         EXPECT_EQ(GUI_Object::getDictionaryFile(), base + "/linguist/dictionary.xml");
+        EXPECT_EQ(GUI_Object::getFontName(), "");
         EXPECT_EQ(GUI_Object::getLang(), DICO_Dictionary::LANG_FR);
         ASSERT_NE(application.getMainWindow(), nullptr);
         EXPECT_TRUE(application.getMainWindow()->isVisible());
