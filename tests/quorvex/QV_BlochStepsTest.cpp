@@ -495,6 +495,32 @@ TEST_F(QV_BlochStepsTest, WithoutDensitiesTheFieldSchemesDoNotLookAtTheField)
     }
 }
 
+TEST_F(QV_BlochStepsTest, WithoutDensitiesTheOtherSchemesLookAtTheFieldAllTheSame)
+{
+    const std::pair<std::function<void()>, std::string> methods[] = {
+        {[this] { advance(Scheme::CRANK); }, "Bloch Crank Nicholson method  "},
+        {[this] { advance(Scheme::RELAX_DIAG); }, "Bloch Relaxation method  "},
+        {[this] { bloch().solveBlochRelaxExtraDiag(time0, step); }, "Bloch Relaxation method  "},
+    };
+    start(2, 2);
+    bloch().addReference(nullptr);
+    QV_Bloch& system = bloch();
+    problem().resetBlochEquations();
+    system.initDensities();
+    problem().addToBlochEquations(system);
+    system.Delete();
+    for (const auto& [action, words] : methods) {
+        EXPECT_EXIT(
+            {
+                dup2(STDERR_FILENO, STDOUT_FILENO);
+                action();
+                _exit(7);
+            },
+            testing::ExitedWithCode(0),
+            testing::Eq(words + "not implemented for a field dimension superior to 1 \n"));
+    }
+}
+
 TEST_F(QV_BlochStepsTest, WithoutProblemOrScaledDataNothingHappens)
 {
     const COM_Scoped system(QV_Bloch::New());
