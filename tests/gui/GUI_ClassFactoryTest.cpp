@@ -32,6 +32,7 @@ INSTANTIATE_TEST_SUITE_P(
     Table, GUI_ClassFactoryNameTest,
     testing::Values(FactoryName{"16GUI_ClassFactory", "16GUI_ClassFactory"},
                     FactoryName{"xxGUI_ClassFactory7", "16GUI_ClassFactory"},
+                    FactoryName{"MM_ClassFactoryGUI_ClassFactory", "16GUI_ClassFactory"},
                     FactoryName{"15MM_ClassFactory", "15MM_ClassFactory"},
                     FactoryName{"8MM_Class", "8MM_Class"}, FactoryName{"8MM_Field", "8MM_Field"},
                     FactoryName{"8MM_Value", "8MM_Value"}, FactoryName{"13LA_RealMatrix", nullptr},

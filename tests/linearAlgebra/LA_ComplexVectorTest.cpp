@@ -153,6 +153,9 @@ TEST(LA_ComplexVector, ThePartsAreCopiedIntoRealVectors)
     EXPECT_EQ(valuesOf(*out), (Reals{1.0, 3.0}));
     v->getImagPart(*out);
     EXPECT_EQ(valuesOf(*out), (Reals{2.0, 4.0}));
+    const COM_Scoped empty(LA_RealVector::New(0UL));
+    v->getImagPart(*empty);
+    EXPECT_EQ(valuesOf(*empty), (Reals{2.0, 4.0}));
 }
 
 TEST(LA_ComplexVector, StoredValuesStandInParentheses)

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -65,6 +66,35 @@ void addChain(MM_Package& package, unsigned long length)
             node->addAttributeToMetaFields("mNext", std::to_string(i + 1));
         }
         package.addToMetaClasses(*node);
+    }
+}
+
+/// Fills `package` with nodes and made objects, which `end` deletes by descending identity.
+void expectReleasesBackwards(TestPackage& package, const std::function<void()>& end)
+{
+    for (const char* id : {"b", "c", "a"}) {
+        const COM_Scoped node(newNode(id));
+        const COM_Scoped object(TestNode::New());
+        package.addToMetaClasses(*node);
+        package.addToInstanciatedClasses(id, *object);
+    }
+    std::vector<std::string> releases;
+    for (const char* id : {"c", "b", "a"}) {
+        releases.push_back("deleting " + package.getFromMetaClasses(id)->getIdentityString());
+    }
+    for (const char* id : {"c", "b", "a"}) {
+        releases.push_back("deleting "
+                           + package.getFromInstanciatedClasses(id)->getIdentityString());
+    }
+    const std::string printed = printedBy([&end] {
+        COM_Object::turnOnDebugFlag();
+        end();
+        COM_Object::turnOffDebugFlag();
+    });
+    std::size_t at = 0;
+    for (const std::string& release : releases) {
+        at = printed.find(release + "...\n", at);
+        ASSERT_NE(at, std::string::npos) << release << " in\n" << printed;
     }
 }
 
@@ -178,31 +208,16 @@ TEST(MM_Package, AResetForgetsTheRootAndEveryNodeWhateverItIsCalledNow)
 TEST(MM_Package, AResetGoesFromTheLastIdentityToTheFirst)
 {
     const COM_Scoped package(TestPackage::New());
-    std::vector<std::string> releases;
-    for (const char* id : {"b", "c", "a"}) {
-        const COM_Scoped node(newNode(id));
-        const COM_Scoped object(TestNode::New());
-        package->addToMetaClasses(*node);
-        package->addToInstanciatedClasses(id, *object);
-    }
-    for (const char* id : {"c", "b", "a"}) {
-        releases.push_back("deleting " + package->getFromMetaClasses(id)->getIdentityString());
-    }
-    for (const char* id : {"c", "b", "a"}) {
-        releases.push_back("deleting "
-                           + package->getFromInstanciatedClasses(id)->getIdentityString());
-    }
-    const std::string printed = printedBy([&] {
-        COM_Object::turnOnDebugFlag();
+    expectReleasesBackwards(*package, [&package] {
         package->resetMetaClasses();
         package->resetInstanciatedClasses();
-        COM_Object::turnOffDebugFlag();
     });
-    std::size_t at = 0;
-    for (const std::string& release : releases) {
-        at = printed.find(release + "...\n", at);
-        ASSERT_NE(at, std::string::npos) << release << " in\n" << printed;
-    }
+}
+
+TEST(MM_Package, ADyingPackageReleasesItsNodesAndThenItsObjectsFromTheLastToTheFirst)
+{
+    auto* const package = TestPackage::New();
+    expectReleasesBackwards(*package, [package] { package->Delete(); });
 }
 
 TEST(MM_Package, NodesAreListedInTheByteOrderOfTheirIdentities)

@@ -28,13 +28,14 @@ TEST_P(QVG_ClassFactoryNameTest, ANameMakesTheFirstClassThatItContains)
     expectMade<QVG_ClassFactory>();
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, QVG_ClassFactoryNameTest,
-                         testing::Values(FactoryName{"16QVG_ClassFactory", "16QVG_ClassFactory"},
-                                         FactoryName{"xxQVG_ClassFactory7", "16QVG_ClassFactory"},
-                                         FactoryName{"8MM_Class", "8MM_Class"},
-                                         FactoryName{"15MM_ClassFactory", "15MM_ClassFactory"},
-                                         FactoryName{"14QVG_MainWindow", nullptr},
-                                         FactoryName{"13LA_RealMatrix", nullptr},
-                                         FactoryName{"QVG_ClassFactor", nullptr},
-                                         FactoryName{"", nullptr}),
-                         [](const auto& row) { return caseName(row.param.mName); });
+INSTANTIATE_TEST_SUITE_P(
+    Table, QVG_ClassFactoryNameTest,
+    testing::Values(FactoryName{"16QVG_ClassFactory", "16QVG_ClassFactory"},
+                    FactoryName{"xxQVG_ClassFactory7", "16QVG_ClassFactory"},
+                    FactoryName{"8MM_Class", "8MM_Class"},
+                    FactoryName{"MM_ClassFactoryQVG_ClassFactory", "16QVG_ClassFactory"},
+                    FactoryName{"15MM_ClassFactory", "15MM_ClassFactory"},
+                    FactoryName{"14QVG_MainWindow", nullptr},
+                    FactoryName{"13LA_RealMatrix", nullptr},
+                    FactoryName{"QVG_ClassFactor", nullptr}, FactoryName{"", nullptr}),
+    [](const auto& row) { return caseName(row.param.mName); });
