@@ -228,6 +228,11 @@ TEST(GUI2D_Action, PrintAsksForThePrinter)
     DialogAnswers answers;
     answers.add<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
     plot.clickTool("&Print");
+    settle();
+    Repaints repaints(plot.plotter());
+    answers.add<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
+    plot.trigger("&Print");
+    EXPECT_GT(repaints.take(), 0);
 }
 
 TEST(GUI2D_Action, WithoutAViewNothingHappens)

@@ -45,11 +45,13 @@ TEST_F(GUI2D_CurveTest, StartsWithItsDefaults)
     EXPECT_EQ(mCurve->getYValues(), nullptr);
     EXPECT_EQ(mCurve->getColor(), nullptr);
     EXPECT_EQ(mCurve->getXMaxAmplitude(), -1.0);
+    EXPECT_EQ(mCurve->getYMaxAmplitude(), -1.0);
     EXPECT_EQ(mCurve->getXMax(), -1.0);
     EXPECT_EQ(mCurve->getXMin(), 1.0);
     EXPECT_EQ(mCurve->getYMax(), -1.0);
     EXPECT_EQ(mCurve->getYMin(), 1.0);
     EXPECT_EQ(mCurve->getMinDeltaX(), 0.0);
+    EXPECT_EQ(mCurve->getMaxDeltaY(), 0.0);
     EXPECT_EQ(mCurve->getMeanDeltaY(), 0.0);
     EXPECT_EQ(mCurve->getPointsNumber(), 0U);
     EXPECT_EQ(mCurve->getReferenceCount(), 1);
@@ -298,6 +300,19 @@ TEST_F(GUI2D_CurveTest, AMissingKeyIsAnnouncedAndChangesNothing)
     EXPECT_EQ(mCurve->getName(), "kept");
     EXPECT_EQ(mCurve->getColor(), color.get());
     EXPECT_EQ(mCurve->getXMax(), 5.0);
+}
+
+TEST_F(GUI2D_CurveTest, StoredAmplitudesAreThoseOfTheirAxes)
+{
+    setX({1.0, 5.0});
+    setY({2.0, 3.0});
+    const Description description(*mCurve);
+    replace(description.node(), "mAbsXMax", "7.000000e+00");
+    replace(description.node(), "mAbsYMax", "8.000000e+00");
+    const COM_Scoped loaded(GUI2D_Curve::New());
+    printedBy([&] { loaded->loadFromMetaClass(description.node()); });
+    EXPECT_EQ(loaded->getXMaxAmplitude(), 7.0);
+    EXPECT_EQ(loaded->getYMaxAmplitude(), 8.0);
 }
 
 TEST_F(GUI2D_CurveTest, EverythingStoredComesBackAndTheRestIsComputed)

@@ -304,6 +304,12 @@ TEST_F(GUI2D_DrawPanelTest, ChangingTheFactorsPushesNoView)
     EXPECT_EQ(mPanel->getMapping().mXadim, 1.0);
     EXPECT_EQ(mPanel->getMapping().mYadim, 100.0);
     EXPECT_EQ(mPanel->getDrawingBoxes().size(), 1U);
+    // The larger of both, whichever axis it is.
+    mPanel->setExtent(0.0, 0.0, 8000.0, 400.0);
+    mPanel->fitToGraphics();
+    mPanel->setOrthonormee(true);
+    EXPECT_EQ(mPanel->getMapping().mXadim, 1000.0);
+    EXPECT_EQ(mPanel->getMapping().mYadim, 1000.0);
 }
 
 TEST_F(GUI2D_DrawPanelTest, ChangingTheScaleGrowsTheViewAtOnceAndForGood)
@@ -328,6 +334,31 @@ TEST_F(GUI2D_DrawPanelTest, AFlatBoxHasNoFactor)
     EXPECT_EQ(mPanel->getMapping().mYadim, 1.0);
     EXPECT_EQ(mPanel->getMapping().mHeight, 1e-24);
     EXPECT_EQ(mPanel->getMapping().mWidth, 8.0);
+}
+
+TEST_F(GUI2D_DrawPanelTest, AFlatBoxThatComesBackIsOneHigh)
+{
+    // So far from 0 that the smallest extent is lost in the corners of the box.
+    mPanel->setExtent(0.0, 3.0, 8.0, 3.0);
+    mPanel->fitToGraphics();
+    EXPECT_EQ(box(0), (std::vector<double>{0.0, 3.0, 8.0, 3.0}));
+    mPanel->zoom(0.5);
+    mPanel->back();
+    EXPECT_EQ(view(), (std::vector<double>{0.0, 2.0, 8.0, 3.0}));
+    EXPECT_EQ(mPanel->getScaleY(), 80.0);
+}
+
+TEST_F(GUI2D_DrawPanelTest, AScaleThatIsSetLastsUntilTheAreaIsComputed)
+{
+    mPanel->fitToGraphics();
+    mPanel->setScaleX(3.0);
+    mPanel->setScaleY(5.0);
+    EXPECT_EQ(mPanel->getScaleX(), 3.0);
+    EXPECT_EQ(mPanel->getScaleY(), 5.0);
+    EXPECT_EQ(view(), (std::vector<double>{0.0, 0.0, 8.0, 4.0}));
+    mPanel->updateGraphicsArea();
+    EXPECT_EQ(mPanel->getScaleX(), 20.0);
+    EXPECT_EQ(mPanel->getScaleY(), 20.0);
 }
 
 TEST_F(GUI2D_DrawPanelTest, AFlatBoxAtZeroIsShownAroundItsCentre)
@@ -702,6 +733,34 @@ TEST_F(GUI2D_DrawPanelWindowTest, WhatIsDrawnLiesOverTheDraggedRectangle)
     EXPECT_EQ(difference(pictureOf(*mPanel), expected), "");
 }
 
+TEST_F(GUI2D_DrawPanelWindowTest, TheAxesLieOverTheGridAndTheDraggedRectangleOverBoth)
+{
+    mPanel->setExtent(-2.0, -1.0, 6.0, 3.0);
+    mPanel->fitToGraphics();
+    mPanel->printGrid(true);
+    mPanel->printAxes(true);
+    mPanel->setGridColor(Qt::green);
+    mPanel->setAxesColor(Qt::blue);
+    // Zero lies on 40, 60, where the grid has lines too.
+    const QImage picture = pictureOf(*mPanel);
+    for (int y = 1; y < 79; ++y) {
+        EXPECT_EQ(picture.pixelColor(40, y), QColor(Qt::blue)) << y;
+    }
+    for (int x = 1; x < 159; ++x) {
+        EXPECT_EQ(picture.pixelColor(x, 60), QColor(Qt::blue)) << x;
+    }
+    press(40, 20);
+    moveMouse(100, 61);
+    const QImage dragged = pictureOf(*mPanel);
+    for (int y = 20; y <= 60; ++y) {
+        EXPECT_EQ(dragged.pixelColor(40, y), QColor(Qt::red)) << y;
+    }
+    for (int x = 40; x < 100; ++x) {
+        EXPECT_EQ(dragged.pixelColor(x, 20), QColor(Qt::red)) << x;
+        EXPECT_EQ(dragged.pixelColor(x, 60), QColor(Qt::red)) << x;
+    }
+}
+
 // ---------------------------------------------------------------- texts and margins
 
 TEST_F(GUI2D_DrawPanelTest, TitleAndLabelsStandInTheMiddleOfTheirSides)
@@ -942,6 +1001,30 @@ TEST_F(GUI2D_DrawPanelTest, ADashIsFreeBetweenLabelsAndThePanelEndsThem)
                 EXPECT_EQ(picture.pixelColor(unit * x, 3) == QColor(Qt::red), isShown)
                     << x << " " << unit << " " << east;
             }
+        }
+    }
+}
+
+TEST_F(GUI2D_DrawPanelTest, NumbersAlongYKeepMoreThanHalfALineFromBothEnds)
+{
+    mPanel->printNothing();
+    mPanel->printScale(true);
+    mPanel->setScaleColor(Qt::red);
+    mPanel->setXScaleType(GUI2D_DrawPanel::INTEGER_SCALE_TYPE);
+    mPanel->setYScaleType(GUI2D_DrawPanel::INTEGER_SCALE_TYPE);
+    mPanel->setNorthWidth(12);
+    mPanel->fitToGraphics();
+    const int half = mPanel->getFontHeight() / 2;
+    for (const int unit : {half, half + 1}) {
+        mPanel->resize(300, 12 + 4 * unit);
+        const QImage picture = pictureOf(*mPanel);
+        const int left = static_cast<int>(mPanel->getWestWidth());
+        ASSERT_EQ(mPanel->getNorthWidth(), 12U);
+        ASSERT_EQ(mPanel->getScaleY(), unit);
+        for (const int y : {1, 2, 3}) {
+            const bool isShown = y == 2 || unit > half;
+            EXPECT_EQ(picture.pixelColor(left + 3, 12 + (4 - y) * unit) == QColor(Qt::red), isShown)
+                << y << " " << unit;
         }
     }
 }
@@ -1289,18 +1372,6 @@ TEST_F(GUI2D_DrawPanelTest, PrintingAsksForThePrinter)
 
 // ---------------------------------------------------------------- persistence
 
-namespace {
-
-/// Puts one value in the place of those that a node has under a key.
-void replace(MM_Class& node, const std::string& key, const std::string& value)
-{
-    MM_Field& field = *node.getFromMetaFields(key);
-    field.resetMetaValues();
-    field.addToMetaValues({}, value);
-}
-
-} // namespace
-
 TEST_F(GUI2D_DrawPanelTest, TheKeysAreTheFileFormat)
 {
     std::vector<std::string> keys = panelKeys();
@@ -1401,6 +1472,191 @@ TEST_F(GUI2D_DrawPanelTest, EverythingStoredComesBack)
                 << key;
         }
     }
+}
+
+TEST_F(GUI2D_DrawPanelTest, EachSettingHasItsKey)
+{
+    const auto expectStored = [this](const char* key, const std::string& text) {
+        const Description description(*mPanel);
+        EXPECT_EQ(Description::textOf(*description.node().getFromMetaFields(key)), text) << key;
+    };
+    mPanel->setStatusMessage("Curves");
+    expectStored("mStatusMessage", "[Curves]");
+    mPanel->setOrthonormee(true);
+    expectStored("mOrthonormee", "[1]");
+    mPanel->reverseX();
+    expectStored("mXDirection", "[-1]");
+    mPanel->reverseY();
+    expectStored("mYDirection", "[1]");
+    mPanel->setNbCharsAfterComa(3);
+    expectStored("mNbCharsAfterComa", "[3]");
+    mPanel->setXLabel("x");
+    expectStored("mXLabel", "[x]");
+    mPanel->setYLabel("y");
+    expectStored("mYLabel", "[y]");
+    mPanel->setTitle("A title");
+    expectStored("mTitle", "[A title]");
+    mPanel->setZoomFactor(1.5);
+    expectStored("mZoomFactor", "[1.500000e+00]");
+    mPanel->setPanX(20);
+    expectStored("mPanX", "[20]");
+    mPanel->setPanY(30);
+    expectStored("mPanY", "[30]");
+    mPanel->printTitle(false);
+    expectStored("mTitlePrinted", "[0]");
+    mPanel->printXLabel(false);
+    expectStored("mXLabelPrinted", "[0]");
+    mPanel->printYLabel(false);
+    expectStored("mYLabelPrinted", "[0]");
+    mPanel->printAxes(false);
+    expectStored("mAxesPrinted", "[0]");
+    mPanel->printGrid(false);
+    expectStored("mGridPrinted", "[0]");
+    mPanel->printScale(false);
+    expectStored("mScalePrinted", "[0]");
+    mPanel->setXScaleType(1);
+    expectStored("mXScaleType", "[1]");
+    mPanel->setYScaleType(1);
+    expectStored("mYScaleType", "[1]");
+    mPanel->setZoomSelection(false);
+    expectStored("mZoomSelection", "[0]");
+    mPanel->setPXFactor(-4);
+    expectStored("mPXFactor", "[-4.000000e+00]");
+    mPanel->setPYFactor(5);
+    expectStored("mPYFactor", "[5.000000e+00]");
+    mPanel->setBorderColor(QColor(1, 0, 0));
+    expectStored("mBorderColor", "[#010000]");
+    mPanel->setBorderLineColor(QColor(2, 0, 0));
+    expectStored("mBorderLineColor", "[#020000]");
+    mPanel->setScaleColor(QColor(3, 0, 0));
+    expectStored("mScaleColor", "[#030000]");
+    mPanel->setXLabelColor(QColor(4, 0, 0));
+    expectStored("mXLabelColor", "[#040000]");
+    mPanel->setYLabelColor(QColor(5, 0, 0));
+    expectStored("mYLabelColor", "[#050000]");
+    mPanel->setTitleColor(QColor(6, 0, 0));
+    expectStored("mTitleColor", "[#060000]");
+    mPanel->setAxesColor(QColor(7, 0, 0));
+    expectStored("mAxesColor", "[#070000]");
+    mPanel->setGridColor(QColor(8, 0, 0));
+    expectStored("mGridColor", "[#080000]");
+    mPanel->setBackgroundColor(QColor(9, 0, 0));
+    expectStored("BackgroundColor", "[#090000]");
+    mPanel->setOrthonormee(false);
+    mPanel->setExtent(0.0, 0.0, 800.0, 0.04);
+    mPanel->fitToGraphics();
+    expectStored("mPXadim", "[2]");
+    expectStored("mPYadim", "[-2]");
+    expectStored("mXadim", "[1.000000e+02]");
+    expectStored("mYadim", "[1.000000e-02]");
+    expectStored("mCurrentIndexBox", "[0]");
+    expectStored("mDrawingBoxes", "[" + mPanel->getDrawingBoxes()[0].getIdentityString() + "]");
+    QTest::mousePress(mPanel.get(), Qt::LeftButton, {}, {40, 20});
+    expectStored("mDraggedRectangle", "[1]");
+}
+
+TEST_F(GUI2D_DrawPanelTest, EachKeyIsAFieldOfItsOwn)
+{
+    const std::vector<std::pair<const char*, const char*>> values = {
+        {"mStatusMessage", "Curves"},
+        {"mOrthonormee", "1"},
+        {"mXDirection", "-1"},
+        {"mYDirection", "1"},
+        {"mGraduationSize", "9"},
+        {"mNbCharsAfterComa", "3"},
+        {"mXLabel", "x"},
+        {"mYLabel", "y"},
+        {"mTitle", "A title"},
+        {"mZoomFactor", "1.500000e+00"},
+        {"mPanX", "20"},
+        {"mPanY", "30"},
+        {"mTitlePrinted", "0"},
+        {"mXLabelPrinted", "0"},
+        {"mYLabelPrinted", "0"},
+        {"mAxesPrinted", "0"},
+        {"mGridPrinted", "0"},
+        {"mBorderLinePrinted", "0"},
+        {"mScalePrinted", "0"},
+        {"mXScaleType", "1"},
+        {"mYScaleType", "1"},
+        {"mZoomSelection", "0"},
+        {"mScientificNotation", "0"},
+        {"mPXFactor", "-4.000000e+00"},
+        {"mPYFactor", "5.000000e+00"},
+        {"mPXadim", "2"},
+        {"mPYadim", "-2"},
+        {"mXadim", "1.000000e+02"},
+        {"mYadim", "1.000000e-02"},
+        {"mStatusPrinted", "0"},
+        {"mBorderColor", "#010203"},
+        {"mBorderLineColor", "#010203"},
+        {"mScaleColor", "#010203"},
+        {"mXLabelColor", "#010203"},
+        {"mYLabelColor", "#010203"},
+        {"mTitleColor", "#010203"},
+        {"mAxesColor", "#010203"},
+        {"mGridColor", "#010203"},
+        {"mDraggedRectangleColor", "#010203"},
+        {"BackgroundColor", "#010203"},
+    };
+    for (const auto& [key, value] : values) {
+        const Description written(*mPanel);
+        const std::string former = written.text();
+        replace(written.node(), key, value);
+        ASSERT_NE(written.text(), former) << key;
+        const COM_Scoped loaded(TestDrawPanel::New());
+        EXPECT_EQ(printedBy([&] { loaded->loadFromMetaClass(written.node()); }), "") << key;
+        EXPECT_EQ(Description(*loaded).text(), written.text()) << key;
+    }
+}
+
+TEST_F(GUI2D_DrawPanelTest, WhatOnlyAFileMaySetIsPainted)
+{
+    mPanel->printNothing();
+    mPanel->printAxes(true);
+    mPanel->setAxesColor(Qt::blue);
+    const Description description(*mPanel);
+    replace(description.node(), "mBorderLinePrinted", "0");
+    replace(description.node(), "mGraduationSize", "9");
+    mPanel->loadFromMetaClass(description.node());
+    // 0 to 1 along both axes, in steps of 16 pixels along X: zero lies on the left, below the panel.
+    ExpectedPicture expected(170, 80);
+    expected.box(0, 0, 0, 79, Qt::blue);
+    for (int x = 0; x < 160; x += 16) {
+        expected.box(x, 71, x, 79, Qt::blue);
+    }
+    EXPECT_EQ(difference(pictureOf(*mPanel), expected), "");
+}
+
+TEST_F(GUI2D_DrawPanelTest, AStoredFactorOfTheScaleIsCutToAnInteger)
+{
+    mPanel->resize(400, 300);
+    mPanel->printNothing();
+    mPanel->printScale(true);
+    mPanel->setNorthWidth(40);
+    mPanel->setPXFactor(2);
+    mPanel->setPYFactor(-2);
+    const QImage expected = pictureOf(*mPanel);
+    const Description description(*mPanel);
+    replace(description.node(), "mPXFactor", "2.900000e+00");
+    replace(description.node(), "mPYFactor", "-2.900000e+00");
+    mPanel->loadFromMetaClass(description.node());
+    EXPECT_EQ(difference(pictureOf(*mPanel), expected), "");
+    mPanel->setPXFactor(3);
+    EXPECT_NE(difference(pictureOf(*mPanel), expected), "");
+}
+
+TEST_F(GUI2D_DrawPanelWindowTest, AFileMayColorTheDraggedRectangle)
+{
+    const Description description(*mPanel);
+    replace(description.node(), "mDraggedRectangleColor", "#0000ff");
+    printedBy([&] { mPanel->loadFromMetaClass(description.node()); });
+    press(40, 20);
+    moveMouse(60, 50);
+    ExpectedPicture expected(170, 80);
+    expected.frame(40, 20, 59, 49, Qt::blue);
+    expected.frame(0, 0, 159, 79, Qt::black);
+    EXPECT_EQ(difference(pictureOf(*mPanel), expected), "");
 }
 
 TEST_F(GUI2D_DrawPanelTest, WhatAFileMayBringIsPutRight)

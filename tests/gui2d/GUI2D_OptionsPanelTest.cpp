@@ -190,6 +190,14 @@ TEST(GUI2D_OptionsPanel, ScaleAloneResetsTheMargins)
     options.click(Panel::COMPO_RB_TITLE);
     EXPECT_FALSE(plotter.isTitlePrinted());
     EXPECT_EQ(plotter.getNorthWidth(), north);
+    const unsigned long south = plotter.getSouthWidth();
+    const unsigned long west = plotter.getWestWidth();
+    options.click(Panel::COMPO_RB_XLABEL);
+    options.click(Panel::COMPO_RB_YLABEL);
+    settle();
+    EXPECT_GT(south, 0U);
+    EXPECT_EQ(plotter.getSouthWidth(), south);
+    EXPECT_EQ(plotter.getWestWidth(), west);
     options.click(Panel::COMPO_RB_SCALE); // nothing is painted before the event loop runs
     EXPECT_FALSE(plotter.isScalePrinted());
     EXPECT_EQ(plotter.getNorthWidth(), 0U);

@@ -162,6 +162,7 @@ TEST_F(GUI2D_PlotterTest, FurtherCurvesAreFoldedInHiddenOrNot)
     EXPECT_EQ(mPlotter->getMinPointsNumber(), 2U);
     EXPECT_EQ(mPlotter->getMaxPointsNumber(), 3U);
     EXPECT_EQ(mPlotter->getMeanDeltaX(), (1.0 * 1.0 + 0.0) / 2.0);
+    EXPECT_EQ(mPlotter->getMeanDeltaY(), (1.0 * 1.0 + 0.0) / 2.0);
     EXPECT_EQ(mPlotter->getMinDeltaX(), 1.0);
     EXPECT_EQ(mPlotter->getMaxDeltaX(), 2.0) << "the smaller of 2 and 5";
     EXPECT_EQ(mPlotter->getMinDeltaY(), -1.0);
@@ -218,6 +219,23 @@ TEST_F(GUI2D_PlotterTest, NormalizationDividesTheCurvesWhoseNamesContainTheKey)
     EXPECT_EQ(mPlotter->getCurrentIndexBox(), 2);
     mPlotter->curvesYNormalization("3", 2.0);
     EXPECT_EQ(extent(), (std::vector<double>{0.0, 0.0, 1.0, 3.0}));
+}
+
+TEST_F(GUI2D_PlotterTest, NormalizationComputesAllFiguresAnew)
+{
+    add({0.0, 1.0, 2.0}, {0.0, 4.0, 12.0}, "Ex");
+    add({0.0, 3.0, 8.0, 9.0}, {10.0, 20.0, 30.0, 50.0}, "Ey");
+    mPlotter->curvesYNormalization("E", 2.0);
+    EXPECT_EQ(extent(), (std::vector<double>{0.0, 0.0, 9.0, 25.0}));
+    EXPECT_EQ(mPlotter->getMinPointsNumber(), 3U);
+    EXPECT_EQ(mPlotter->getMaxPointsNumber(), 4U);
+    EXPECT_EQ(mPlotter->getMinDeltaX(), 1.0);
+    EXPECT_EQ(mPlotter->getMaxDeltaX(), 1.0);
+    EXPECT_EQ(mPlotter->getMinDeltaY(), 2.0);
+    EXPECT_EQ(mPlotter->getMaxDeltaY(), 4.0);
+    // Steps but the first over their number: 1 / 2 and 6 / 3; 4 / 2 and 15 / 3.
+    EXPECT_EQ(mPlotter->getMeanDeltaX(), (0.5 + 2.0) / 2.0);
+    EXPECT_EQ(mPlotter->getMeanDeltaY(), (2.0 + 5.0) / 2.0);
 }
 
 TEST_F(GUI2D_PlotterTest, NormalizationWithoutAMatchPushesNoView)
@@ -462,6 +480,49 @@ TEST_F(GUI2D_PlotterTest, AMissingKeyIsAnnouncedAndChangesNothing)
     EXPECT_EQ(printedBy([&] { mPlotter->loadFromMetaClass(*node); }), expected);
     EXPECT_EQ(mPlotter->getPlotsNumber(), 1U);
     EXPECT_EQ(extent(), (std::vector<double>{0.0, 0.0, 8.0, 4.0}));
+}
+
+TEST_F(GUI2D_PlotterTest, EachFigureHasItsKey)
+{
+    GUI2D_Curve& curve = add({1.5, 2.0, 4.0}, {10.0, 30.0, 90.0});
+    mPlotter->showLegends(false);
+    const Description description(*mPlotter);
+    const auto stored = [&description](const char* key) {
+        return Description::textOf(*description.node().getFromMetaFields(key));
+    };
+    EXPECT_EQ(stored("mXMin"), "[1.500000e+00]");
+    EXPECT_EQ(stored("mXMax"), "[4.000000e+00]");
+    EXPECT_EQ(stored("mYMin"), "[1.000000e+01]");
+    EXPECT_EQ(stored("mYMax"), "[9.000000e+01]");
+    EXPECT_EQ(stored("mMinDeltaX"), "[5.000000e-01]");
+    EXPECT_EQ(stored("mMaxDeltaX"), "[2.000000e+00]");
+    EXPECT_EQ(stored("mMeanDeltaX"), "[1.000000e+00]");
+    EXPECT_EQ(stored("mMinDeltaY"), "[2.000000e+01]");
+    EXPECT_EQ(stored("mMaxDeltaY"), "[6.000000e+01]");
+    EXPECT_EQ(stored("mMeanDeltaY"), "[3.000000e+01]");
+    EXPECT_EQ(stored("mLegendsPrinted"), "[0]");
+    EXPECT_EQ(stored("mSubTitlesPrinted"), "[0]");
+    EXPECT_EQ(stored("mCurves"), "[" + curve.getIdentityString() + "]");
+}
+
+TEST_F(GUI2D_PlotterTest, EachKeyIsAFieldOfItsOwn)
+{
+    std::vector<std::pair<const char*, const char*>> values = {{"mLegendsPrinted", "0"},
+                                                               {"mSubTitlesPrinted", "1"}};
+    for (const char* const key : {"mXMin", "mXMax", "mYMin", "mYMax", "mMinDeltaX", "mMinDeltaY",
+                                  "mMaxDeltaX", "mMaxDeltaY", "mMeanDeltaX", "mMeanDeltaY"}) {
+        values.emplace_back(key, "2.500000e+00");
+    }
+    for (const auto& [key, value] : values) {
+        const COM_Scoped empty(GUI2D_Plotter::New());
+        const Description written(*empty);
+        const std::string former = written.text();
+        replace(written.node(), key, value);
+        ASSERT_NE(written.text(), former) << key;
+        const COM_Scoped loaded(GUI2D_Plotter::New());
+        EXPECT_EQ(printedBy([&] { loaded->loadFromMetaClass(written.node()); }), "") << key;
+        EXPECT_EQ(Description(*loaded).text(), written.text()) << key;
+    }
 }
 
 TEST(GUI2D_Plotter, AFileBringsThePlotBack)

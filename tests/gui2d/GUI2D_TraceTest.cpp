@@ -141,8 +141,16 @@ void expectEqualInManyViews(const Data& data, unsigned seed)
     turned.mOriginY /= turned.mYadim;
     turned.mHeight /= turned.mYadim;
     turned.mScaleY *= turned.mYadim;
-    SCOPED_TRACE("adimensioned");
-    expectEqualPictures(data, trace, turned, 150, 90);
+    {
+        SCOPED_TRACE("adimensioned");
+        expectEqualPictures(data, trace, turned, 150, 90);
+    }
+    SCOPED_TRACE("reversed");
+    GUI2D_Mapping reversed = viewOf(x(0.1), x(0.8), y(0.2), y(0.9), 150, 90);
+    reversed.mXDirection = -1;
+    reversed.mYDirection = 1;
+    reversed.mGraphicsOrigin = QPoint(157, 95);
+    expectEqualPictures(data, trace, reversed, 150, 90);
 }
 
 } // namespace

@@ -196,6 +196,14 @@ inline std::string difference(const QImage& picture, const QImage& expected)
     return "";
 }
 
+/// Puts one value in the place of those that a node has under a key.
+inline void replace(MM_Class& node, const std::string& key, const std::string& value)
+{
+    MM_Field& field = *node.getFromMetaFields(key);
+    field.resetMetaValues();
+    field.addToMetaValues({}, value);
+}
+
 /// The keys of a draw panel in the order in which they are read.
 inline std::vector<std::string> panelKeys()
 {
