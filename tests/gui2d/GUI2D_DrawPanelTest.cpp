@@ -1605,7 +1605,8 @@ TEST_F(GUI2D_DrawPanelTest, EachKeyIsAFieldOfItsOwn)
         replace(written.node(), key, value);
         ASSERT_NE(written.text(), former) << key;
         const COM_Scoped loaded(TestDrawPanel::New());
-        EXPECT_EQ(printedBy([&] { loaded->loadFromMetaClass(written.node()); }), "") << key;
+        const std::string printed = printedBy([&] { loaded->loadFromMetaClass(written.node()); });
+        EXPECT_EQ(printed.find("no attribute"), std::string::npos) << key << ": " << printed;
         EXPECT_EQ(Description(*loaded).text(), written.text()) << key;
     }
 }
