@@ -1,9 +1,12 @@
 #include "common/COM_Real.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <charconv>
 #include <clocale>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <limits>
 #include <numbers>
@@ -23,9 +26,115 @@ locale_t cLocale()
     return locale;
 }
 
+constexpr int usualPrecision = 6; ///< Of result files: seven digits.
+
+/// A power of ten, wrong by 2^-64 of itself at most.
+struct Power
+{
+    std::uint64_t mMantissa; ///< With its first bit set.
+    int mExponent;           ///< Of two, to be multiplied with.
+};
+
+constexpr int greatestPower = 330;
+using Powers = std::array<Power, 2 * greatestPower + 1>;
+
+/// Where a long double holds the mantissas.
+constexpr bool hasPowers = std::numeric_limits<long double>::digits >= 64;
+
+Powers computePowers()
+{
+    constexpr int bits = 64;
+    Powers powers{};
+    for (int i = -greatestPower; i <= greatestPower; ++i) {
+        Power& power = powers.at(static_cast<std::size_t>(i + greatestPower));
+        const long double value = strtold_l(("1e" + std::to_string(i)).c_str(), nullptr, cLocale());
+        const long double fraction = std::frexp(value, &power.mExponent);
+        power.mMantissa = static_cast<std::uint64_t>(std::ldexp(fraction, bits));
+        power.mExponent -= bits;
+    }
+    return powers;
+}
+
+/// The digits of `x` and its exponent of ten, as 1234567 and 3 for 1234.567. False for a number that is not normal, and
+/// where the product with a power of ten is too near to the middle between two numbers of seven digits.
+bool findSevenDigits(double x, unsigned& digits, int& exponent)
+{
+    static const Powers powers = computePowers();
+    constexpr int bias = 1023;
+    constexpr int places = 52;
+    constexpr unsigned beyond = 10'000'000;
+    constexpr std::uint64_t half = std::uint64_t{1} << 63U;
+    constexpr std::uint64_t close = half >> 29U; // the error of the product is below 2^-36 here
+    __extension__ using Product = unsigned __int128;
+
+    const auto bits = std::bit_cast<std::uint64_t>(x);
+    const int binary = static_cast<int>((bits >> static_cast<unsigned>(places)) & 0x7ffU) - bias;
+    if (binary == -bias || binary == bias + 1) {
+        return false;
+    }
+    constexpr std::uint64_t one = std::uint64_t{1} << static_cast<unsigned>(places);
+    const std::uint64_t mantissa = (bits & (one - 1)) | one;
+    // That of 2^binary, by log10(2) to 18 binary places: the one of x, or one below it.
+    exponent = (binary * 78913) >> 18;
+    for (;; ++exponent) {
+        const Power& power =
+            powers[static_cast<std::size_t>(usualPrecision - exponent + greatestPower)];
+        const Product product = static_cast<Product>(mantissa) * power.mMantissa;
+        const auto shift = static_cast<unsigned>(places - binary - power.mExponent); // 88 to 97
+        digits = static_cast<unsigned>(product >> shift);
+        if (digits >= beyond) {
+            continue;
+        }
+        const auto fraction = static_cast<std::uint64_t>(product >> (shift - 64));
+        if (fraction - (half - close) < 2 * close) {
+            return false;
+        }
+        digits += fraction >= half ? 1 : 0;
+        if (digits == beyond) {
+            digits /= 10;
+            ++exponent;
+        }
+        return true;
+    }
+}
+
+char* writePair(char* to, unsigned pair)
+{
+    to[0] = static_cast<char>('0' + pair / 10);
+    to[1] = static_cast<char>('0' + pair % 10);
+    return to + 2;
+}
+
+/// Writes the number with one digit before the point and six behind it.
+char* writeSevenDigits(char* to, bool isNegative, unsigned digits, int exponent)
+{
+    *to = '-';
+    to += isNegative ? 1 : 0;
+    *to++ = static_cast<char>('0' + digits / 1000000);
+    *to++ = '.';
+    to = writePair(to, digits / 10000 % 100);
+    to = writePair(to, digits / 100 % 100);
+    to = writePair(to, digits % 100);
+    *to++ = 'e';
+    *to++ = exponent < 0 ? '-' : '+';
+    auto size = static_cast<unsigned>(std::abs(exponent));
+    if (size >= 100) {
+        *to++ = static_cast<char>('0' + size / 100);
+        size %= 100;
+    }
+    return writePair(to, size);
+}
+
 /// Writes `x` in scientific form to [first, last), with the characters of printf, and returns its end.
 char* scientific(char* first, char* last, double x, int precision)
 {
+    if constexpr (hasPowers) {
+        unsigned digits = 0;
+        int exponent = 0;
+        if (precision == usualPrecision && (x == 0.0 || findSevenDigits(x, digits, exponent))) {
+            return writeSevenDigits(first, std::signbit(x), digits, exponent);
+        }
+    }
     return std::to_chars(first, last, x, std::chars_format::scientific, precision).ptr;
 }
 
@@ -49,6 +158,11 @@ std::string COM_Real::toString(double x)
 
 std::string COM_Real::toString(double x, unsigned long width, unsigned long precision)
 {
+    if (width <= defaultWidth && precision == defaultPrecision) {
+        std::string text;
+        append(text, x, width, precision);
+        return text;
+    }
     const auto digits = static_cast<int>(std::min(precision, longest));
     std::vector<char> buffer(static_cast<std::size_t>(digits) + 32);
     const char* const end = scientific(buffer.data(), buffer.data() + buffer.size(), x, digits);

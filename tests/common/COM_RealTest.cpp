@@ -207,6 +207,32 @@ TEST(COM_Real, AppendingGivesTheTextOfToStringBehindWhatIsThere)
     }
 }
 
+TEST(COM_Real, SevenDigitsAreThoseOfTheCLibrary)
+{
+    BitPatterns numbers;
+    for (int i = 0; i < 300000; ++i) {
+        const double x = numbers.next();
+        ASSERT_EQ(COM_Real::toString(x, 7, 6), printed(x, 7, 6));
+    }
+    // Beside the middle between two texts, where one bit decides, and beside powers of ten.
+    for (int exponent = -320; exponent <= 308; ++exponent) {
+        for (const char* digits : {"1", "1.0000005", "9.9999995", "9.999999", "1.2345675",
+                                   "5.0000005", "2.4999995", "7.5000015"}) {
+            double x = std::strtod((digits + ("e" + std::to_string(exponent))).c_str(), nullptr);
+            for (int step = -3; step <= 3; ++step) {
+                const double near = step < 0 ? std::nextafter(x, 0.0) : x;
+                ASSERT_EQ(COM_Real::toString(near, 7, 6), printed(near, 7, 6));
+                ASSERT_EQ(COM_Real::toString(-near, 7, 6), printed(-near, 7, 6));
+                x = std::nextafter(near, infinity);
+            }
+        }
+    }
+    // Ties go to the even digit.
+    for (const double x : {1234567.5, 1234568.5, 0.5, 2097152.5, 4194303.5, 9999999.5}) {
+        ASSERT_EQ(COM_Real::toString(x, 7, 6), printed(x, 7, 6));
+    }
+}
+
 TEST(COM_Real, ANumberIsRoundedDownToAMultipleOfTheStep)
 {
     EXPECT_EQ(COM_Real::toString(1.75, 0.5), "1.500000e+00");
