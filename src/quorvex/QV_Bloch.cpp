@@ -806,20 +806,14 @@ QV_Atoms QV_Bloch::atoms(unsigned long components, std::vector<double>& polariza
 
 bool QV_Bloch::computeMBSecundMember(double dt, const Range& range, QV_Field& result) const
 {
-    const QV_Field* const H = mProblem->getMaxwellSystem()->getField(QV_Maxwell::B_FIELD);
+    QV_Field* const H = mProblem->getMaxwellSystem()->getField(QV_Maxwell::B_FIELD);
     if (H == nullptr || H->getSize() == 0) {
         return false;
     }
-    const double r = dt / mDz;
-    const auto lines = static_cast<long>(H->getSize());
-    const auto valueAt = [H, lines](long line) {
-        return line >= 0 && line < lines ? H->getValue(static_cast<unsigned long>(line), 0) : 0.0;
-    };
     result.setDimensions(range.mCount, 1);
-    for (unsigned long i = 0; i < range.mCount; ++i) {
-        const auto j = static_cast<long>(range.mFirst + i);
-        result[i][0] = -r * (valueAt(j) - valueAt(j - 1));
-    }
+    QV_FieldKernel::curl(QV_InstructionSet::best(),
+                         {nullptr, H->getValues(), H->getSize(), H->getDimension()}, range.mFirst,
+                         range.mCount, dt / mDz, result.getValues());
     return true;
 }
 

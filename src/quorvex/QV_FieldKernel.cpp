@@ -5,6 +5,7 @@
 #include "quorvex/QV_PackComplex.h"
 
 #include <algorithm>
+#include <cmath>
 
 #pragma GCC diagnostic ignored "-Wpsabi" // no pack crosses a call that is not inlined
 
@@ -53,7 +54,11 @@ QV_INLINE void ampereBody(const Fields& fields, unsigned long first, unsigned lo
         const double sr = rotation.mSign * r;
         double* const __restrict e = fields.mE + j;
         const double* const __restrict b = fields.mB + rotation.mNext;
-        if (terms == nullptr) {
+        if (terms == nullptr && p == 1) {
+            for (unsigned long i = first; i <= last; ++i) {
+                e[i] -= sr * (b[i] - b[i - 1]);
+            }
+        } else if (terms == nullptr) {
             for (unsigned long i = first; i <= last; ++i) {
                 e[i * p] -= sr * (b[i * p] - b[(i - 1) * p]);
             }
@@ -67,6 +72,32 @@ QV_INLINE void ampereBody(const Fields& fields, unsigned long first, unsigned lo
             }
         }
     }
+}
+
+/// Nodes between two lines.
+QV_INLINE void curlBody(const Fields& fields, unsigned long first, unsigned long count, double r,
+                        double* __restrict terms)
+{
+    const double* const __restrict b = fields.mB;
+    const unsigned long p = fields.mComponents;
+    if (p == 1) {
+        for (unsigned long i = 0; i < count; ++i) {
+            terms[i] = -r * (b[first + i] - b[first + i - 1]);
+        }
+    } else {
+        for (unsigned long i = 0; i < count; ++i) {
+            terms[i] = -r * (b[(first + i) * p] - b[(first + i - 1) * p]);
+        }
+    }
+}
+
+/// One node beside a line that does not exist, or beside none.
+double curlAtEdge(const Fields& fields, unsigned long node, double r)
+{
+    const unsigned long p = fields.mComponents;
+    const double after = node < fields.mLines ? fields.mB[node * p] : 0.0;
+    const double before = node > 0 && node <= fields.mLines ? fields.mB[(node - 1) * p] : 0.0;
+    return -r * (after - before);
 }
 
 /// One node beside a line that does not exist.
@@ -128,6 +159,73 @@ QV_INLINE void polarizationAt(const QV_Atoms& atoms, double factor, const double
     }
 }
 
+// ---------------------------------------------------------------- two levels
+
+/// Atoms of two levels without permanent dipoles, and numbers small enough that nothing overflows with densities below
+/// 2: the populations then take no part, since their products with the dipole are zeros on top of sums that began with
+/// +0, which a zero does not change.
+bool isPlainDipole(const QV_Atoms& atoms)
+{
+    constexpr double bound = 1e100;
+    constexpr unsigned long size = 4;
+    const auto isModerate = [](double x) { return std::fabs(x) < bound; };
+    return atoms.mComponents == 1 && atoms.mPs[0] == 0.0 && atoms.mPs[size - 1] == 0.0
+           && std::all_of(atoms.mPs, atoms.mPs + size, isModerate)
+           && std::all_of(atoms.mD, atoms.mD + size, isModerate)
+           && std::all_of(atoms.mNu, atoms.mNu + 2 * size, isModerate);
+}
+
+/// The coherences of W nodes, rho[0][1] and rho[1][0] as pairs. False when a number is 2 or more, or none.
+template <int W>
+QV_INLINE bool loadCoherences(const double* rho, typename QV_Pack<W>::Real (&coherences)[4])
+{
+    constexpr int four = 4;
+    constexpr long twoOrMore = 1L << 62; // the first bit of the exponent
+    using Quarter = QV_Pack<four>;
+    using Bits = Quarter::Mask;
+    Quarter::Real groups[W / four][four];
+    Bits bits{};
+    for (int i = 0; i < W; ++i) {
+        const double* const node = rho + 8UL * static_cast<unsigned long>(i);
+        Bits half[2];
+        __builtin_memcpy(&half, node, sizeof half);
+        bits |= half[0] | half[1];
+        __builtin_memcpy(&groups[i / four][i % four], node + 2, sizeof(Quarter::Real));
+    }
+    for (int i = 0; i < W / four; ++i) {
+        Quarter::transpose(groups[i]);
+    }
+    for (int j = 0; j < four; ++j) {
+        if constexpr (W == four) {
+            coherences[j] = groups[0][j];
+        } else {
+            coherences[j] = __builtin_shufflevector(groups[0][j], groups[W / four - 1][j], 0, 1, 2,
+                                                    3, 4, 5, 6, 7);
+        }
+    }
+    return ((bits[0] | bits[1] | bits[2] | bits[3]) & twoOrMore) == 0;
+}
+
+/// `polarizationAt` for such atoms. False, and nothing done, where the densities do not allow it.
+template <int W>
+QV_INLINE bool dipoleAt(const QV_Atoms& atoms, double factor, const double* rho, double* terms)
+{
+    using Real = typename QV_Pack<W>::Real;
+    Real r[4];
+    if (!loadCoherences<W>(rho, r)) {
+        return false;
+    }
+    const double* const nu = atoms.mNu;
+    const Real upper = -(nu[2] * r[0] - nu[3] * r[1]);
+    const Real lower = -(nu[4] * r[2] - nu[5] * r[3]);
+    const Real sum = (0.0 + lower * atoms.mPs[1]) + upper * atoms.mPs[2];
+    Real term;
+    __builtin_memcpy(&term, terms, sizeof term);
+    term += factor * (atoms.mDzeta * sum);
+    __builtin_memcpy(terms, &term, sizeof term);
+    return true;
+}
+
 [[gnu::noinline]] void polarizationOneByOne(const QV_Atoms& atoms, double factor,
                                             unsigned long first, unsigned long count,
                                             const double* rho, double* terms)
@@ -150,7 +248,13 @@ QV_INLINE void polarizationNodes(const QV_Atoms& atoms, double factor, unsigned 
                                  const double* rho, double* terms)
 {
     unsigned long i = 0;
+    [[maybe_unused]] const bool isPlain = N == 2 && W > 2 && isPlainDipole(atoms);
     for (; i + W <= count; i += W) {
+        if constexpr (N == 2 && W > 2) {
+            if (isPlain && dipoleAt<W>(atoms, factor, rho + 8 * i, terms + i)) {
+                continue;
+            }
+        }
         polarizationAt<W, N>(atoms, factor, rho + 2UL * N * N * i, terms + atoms.mComponents * i,
                              nullptr);
     }
@@ -178,7 +282,7 @@ QV_INLINE void polarizationLevels(const QV_Atoms& atoms, double factor, unsigned
 }
 
 // What the wrappers do, so that there is one for each instruction set and not one for each operation.
-enum class Task { FARADAY, AMPERE, POLARIZATION };
+enum class Task { FARADAY, AMPERE, CURL, POLARIZATION };
 
 struct Call
 {
@@ -204,6 +308,9 @@ QV_INLINE void perform(const Call& call)
         break;
     case Task::AMPERE:
         ampereBody(call.mFields, call.mFirst, call.mLast, call.mR, call.mDt, call.mSource);
+        break;
+    case Task::CURL:
+        curlBody(call.mFields, call.mFirst, call.mLast, call.mR, call.mTerms);
         break;
     case Task::POLARIZATION:
         polarizationLevels<W>(*call.mAtoms, call.mFactor, call.mLast, call.mRho, call.mTerms);
@@ -290,6 +397,23 @@ void QV_FieldKernel::ampereWithSource(QV_InstructionSet::Level level, const Fiel
     if (from <= to) {
         dispatch(level,
                  {Task::AMPERE, fields, from, to, r, dt, terms, nullptr, 0.0, nullptr, nullptr});
+    }
+}
+
+void QV_FieldKernel::curl(QV_InstructionSet::Level level, const Fields& fields, unsigned long first,
+                          unsigned long count, double r, double* terms)
+{
+    while (count > 0 && first == 0) {
+        *terms++ = curlAtEdge(fields, first++, r);
+        --count;
+    }
+    while (count > 0 && first + count > fields.mLines) {
+        --count;
+        terms[count] = curlAtEdge(fields, first + count, r);
+    }
+    if (count > 0) {
+        dispatch(level,
+                 {Task::CURL, fields, first, count, r, 0.0, nullptr, nullptr, 0.0, nullptr, terms});
     }
 }
 

@@ -29,6 +29,10 @@ public:
     /// the last line B counts as 0.
     static void ampereWithSource(QV_InstructionSet::Level level, const Fields& fields, long first,
                                  long last, double r, double dt, const double* terms);
+    /// terms[i] = -r (B[first + i][0] - B[first + i - 1][0]) for `count` nodes: the curl's part of Ampere's equation for
+    /// a field of one component. A line beyond the mesh counts as 0.
+    static void curl(QV_InstructionSet::Level level, const Fields& fields, unsigned long first,
+                     unsigned long count, double r, double* terms);
     /// terms[i m + p] += factor times the polarization term of component p at node i: with X[a][a] = sum over
     /// k of rho[a][k] D[a][k] and X[a][b] = -Nu[a][b] rho[a][b], dzeta times the sum over b and k of
     /// Re(X[k][b] P[p][b][k]). `rho` holds n by n complex values, node after node.

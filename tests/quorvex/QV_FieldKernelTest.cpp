@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <complex>
 #include <cstring>
+#include <iterator>
 #include <limits>
 #include <string>
 #include <vector>
@@ -279,6 +281,34 @@ TEST(QV_FieldKernel, OfTwoComponentsEachDrivesTheOtherAndTheSecondWithTheOpposit
         E, (Values{1.0, 2.0, 4.0 - 0.5 * (500.0 - 200.0), 8.0 + 0.5 * (300.0 - 100.0), 0.0, 0.0}));
 }
 
+TEST(QV_FieldKernel, TheCurlIsItsDefinitionToTheLastBitOnAnyStretch)
+{
+    for (unsigned long components = 1; components <= 3; ++components) {
+        for (const unsigned long lines : {1UL, 2UL, 9UL, 40UL}) {
+            Mesh mesh(lines, components, 1);
+            for (unsigned long first = 0; first <= lines + 2; ++first) {
+                for (unsigned long count = 0; first + count <= lines + 4; ++count) {
+                    Values expected(count + 1, 7.0);
+                    for (unsigned long i = 0; i < count; ++i) {
+                        const unsigned long j = first + i;
+                        const double after = j < lines ? mesh.b(j, 0) : 0.0;
+                        const double before = j > 0 && j <= lines ? mesh.b(j - 1, 0) : 0.0;
+                        expected[i] = -0.375 * (after - before);
+                    }
+                    for (const Level level : levels()) {
+                        Values terms(count + 1, 7.0);
+                        QV_FieldKernel::curl(level, mesh.fields(), first, count, 0.375,
+                                             terms.data());
+                        ASSERT_TRUE(isSame(terms, expected))
+                            << QV_InstructionSet::getName(level) << ", " << lines << " lines, "
+                            << components << " components, from " << first << ", " << count;
+                    }
+                }
+            }
+        }
+    }
+}
+
 TEST(QV_FieldKernel, ALineBeyondTheMeshCountsAsZeroField)
 {
     Values E{1.0, 2.0, 3.0};
@@ -391,6 +421,73 @@ INSTANTIATE_TEST_SUITE_P(Levels, QV_FieldKernelPolarizationTest, testing::Range(
                          [](const auto& levelsNumber) {
                              return std::to_string(levelsNumber.param);
                          });
+
+namespace {
+
+/// Puts into each node in turn, at each of its places, a number that no population or coherence has.
+void spoil(Values& rho, unsigned long shift)
+{
+    const double infinity = std::numeric_limits<double>::infinity();
+    const double unusual[] = {std::numeric_limits<double>::quiet_NaN(),
+                              infinity,
+                              -infinity,
+                              1e308,
+                              -3e200,
+                              2.0,
+                              -1.9999999999999998};
+    for (unsigned long i = 0; i + shift < rho.size(); i += 11) {
+        rho[i + shift] = unusual[i / 11 % std::size(unusual)];
+    }
+}
+
+/// Every not-a-number equals every other.
+bool isSameOrNone(const Values& a, const Values& b)
+{
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        const bool isNone = std::isnan(a[i]) && std::isnan(b[i]);
+        if (!isNone && std::memcmp(&a[i], &b[i], sizeof(double)) != 0) {
+            return false;
+        }
+    }
+    return a.size() == b.size();
+}
+
+} // namespace
+
+TEST(QV_FieldKernel, AtomsWithoutPermanentDipolesAreNoExceptionToTheDefinition)
+{
+    constexpr double huge = 1e200;
+    for (const bool isSpoilt : {false, true}) {
+        for (const double rate : {1.0, 0.0, huge}) {
+            for (const unsigned long count : {1UL, 8UL, 31UL, 64UL}) {
+                Atoms atoms(2, 1, count, 1);
+                atoms.mPs[0] = 0.0;
+                atoms.mPs[3] = -0.0;
+                atoms.mD[1] *= rate;
+                atoms.mNu[3] *= rate;
+                if (isSpoilt) {
+                    spoil(atoms.mRho, 1);
+                }
+                Values expected = atoms.mTerms;
+                QV_FieldKernel::addPolarization(QV_InstructionSet::PLAIN, atoms.mAtoms, 0.375,
+                                                count, atoms.rho(), expected.data());
+                if (!isSpoilt && rate < huge) {
+                    EXPECT_EQ(expected[0],
+                              atoms.mTerms[0]
+                                  + 0.375 * polarizationByDefinition(atoms.mAtoms, atoms.rho(), 0));
+                }
+                for (const Level level : levels()) {
+                    Values terms = atoms.mTerms;
+                    QV_FieldKernel::addPolarization(level, atoms.mAtoms, 0.375, count, atoms.rho(),
+                                                    terms.data());
+                    EXPECT_TRUE(isSameOrNone(terms, expected))
+                        << QV_InstructionSet::getName(level) << ", " << count << " nodes, rate "
+                        << rate << (isSpoilt ? ", spoilt" : "");
+                }
+            }
+        }
+    }
+}
 
 TEST(QV_FieldKernel, ThePolarizationOfTwoLevelsByHand)
 {
