@@ -94,9 +94,10 @@ void GUI2D_Transform::show(const GUI2D_Plotter& source) const
     const COM_Scoped result(
         GUI2D_PlotterWindow::New(*root, GUI_Object::translate("Quorvex Tools") + suffix()));
     draw(source, *result->getPlotter());
-    result->show();
-    result->move(window->pos());
     result->setSize(window->width(), window->height());
+    // Moved before it is shown: a shown window whose frame is not there yet would lie higher by its title.
+    result->move(window->pos());
+    result->show();
 }
 
 void GUI2D_Transform::draw(const GUI2D_Plotter& source, GUI2D_Plotter& target) const

@@ -150,6 +150,7 @@ window "$plot"
 press ctrl+g # no grid
 plots=$(saved)
 is "the number of plots" "$(wc -w <<<"$plots")" 2
+is "the places of a plot and its transform" "$(cut -d ' ' -f 2- vol/savingPlotterWindows.txt | uniq | wc -l)" 1
 is "the grid" "$(value "vol/${plots%%[[:space:]]*}" mGridPrinted)" 0
 
 echo "pictures"
