@@ -133,6 +133,7 @@ std::vector<QV_ProblemCheck::Finding> QV_ProblemCheck::check(const QV_Problem& p
     check.checkEnds();
     check.checkFiles(directory);
     check.noteTimeStep();
+    check.noteDensity();
     check.noteUnused();
     check.noteScheme();
     check.noteSplitting();
@@ -442,6 +443,26 @@ void QV_ProblemCheck::noteFrequency(const LA_RealVector* omega)
         add(NOTE, "Energy Levels Frequencies", text(*most - *least),
             "the Crank-Nicolson methods lower this frequency by %1 %; Split keeps it.",
             {text(phase * phase / 12.0 * 100.0)});
+    }
+}
+
+/// A number without its parentheses is read as 0, so that a density without atoms is soon typed.
+void QV_ProblemCheck::noteDensity()
+{
+    const LA_ComplexMatrix* const density = QV_Bloch::getInitialDensity();
+    if (density == nullptr || mProblem.getBlochEquations()->size() == 0) {
+        return;
+    }
+    double sum = 0.0;
+    for (unsigned long i = 0; i < std::min(density->getLinesNumber(), density->getColumnsNumber());
+         ++i) {
+        sum += density->getValue(i, i).real();
+    }
+    if (!(std::fabs(sum - 1.0) <= populationError)) {
+        add(NOTE, "Density Matrix", text(sum),
+            "the populations add up to %1 and not to 1; a number is typed with its parentheses, as "
+            "in (1,0).",
+            {text(sum)});
     }
 }
 

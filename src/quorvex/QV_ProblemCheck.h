@@ -59,6 +59,7 @@ private:
     void checkFiles(const std::string& directory);
     void noteTimeStep();
     void noteFrequency(const LA_RealVector* omega);
+    void noteDensity();
     void noteUnused();
     void noteScheme();
     void noteSplitting();

@@ -99,6 +99,7 @@ constexpr const char* STEPS = "Time Steps Number";
 constexpr const char* METHOD = "Numerical Method";
 constexpr const char* SYSTEMS = "Bloch Equation Number";
 constexpr const char* EQUILIBRIUM = "Equilibrium Density";
+constexpr const char* DENSITY = "Density Matrix";
 constexpr const char* FACTOR = "Reflexive Coef:";
 constexpr const char* INDEX = "Milieu Index Property";
 
@@ -463,6 +464,22 @@ const Case WITHOUT_EFFECT_CASES[] = {
     {"EquilibriumThatIsNoDensity", Check::NOTE, EQUILIBRIUM, "(1.303080e-06,1.000000e+08)",
      "the populations add up to 1e+08 and not to 1; the atoms would relax towards them.",
      [](TestProblem&) { QV_Bloch::setRelaxationType(QV_Bloch::CASCADE_RELAXATION_TYPE); }},
+    {"DensityWithoutAtoms", Check::NOTE, DENSITY, "0",
+     "the populations add up to 0 and not to 1; a number is typed with its parentheses, as in "
+     "(1,0).",
+     [](TestProblem&) { QV_Bloch::getInitialDensity()->setValueFromString(1, 1, "1"); }},
+    {"DensityOfTwoAtoms", Check::NOTE, DENSITY, "2", "the populations add up to 2 and not to 1;",
+     [](TestProblem&) { QV_Bloch::getInitialDensity()->setValueFromString(0, 0, "(1,0)"); }},
+    {"DensityThatIsNearlyOne", Check::NOTE, DENSITY, nullptr, "the populations",
+     [](TestProblem&) {
+         QV_Bloch::getInitialDensity()->setValueFromString(0, 0, "(0.25,0)");
+         QV_Bloch::getInitialDensity()->setValueFromString(1, 1, "(0.7505,0)");
+     }},
+    {"DensityOfNoAtoms", Check::NOTE, DENSITY, nullptr, "the populations",
+     [](TestProblem& p) {
+         QV_Bloch::getInitialDensity()->setValueFromString(1, 1, "(0,0)");
+         p->getBlochEquations()->clear();
+     }},
     {"EquilibriumThatIsNearlyADensity", Check::NOTE, EQUILIBRIUM, nullptr, "",
      [](TestProblem&) {
          setVector(*QV_Bloch::getEquilibriumDensity(), {0.75, 0.2505});
