@@ -1,9 +1,24 @@
 #include "quorvex/QV_InstructionSet.h"
 
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
 QV_InstructionSet::Level QV_InstructionSet::best()
 {
-    static const Level level = isAvailable(AVX512) ? AVX512 : isAvailable(AVX2) ? AVX2 : BASELINE;
+    static const Level level = choose(std::getenv(VARIABLE));
     return level;
+}
+
+QV_InstructionSet::Level QV_InstructionSet::choose(const char* name)
+{
+    const Level widest = isAvailable(AVX512) ? AVX512 : isAvailable(AVX2) ? AVX2 : BASELINE;
+    for (const Level level : {PLAIN, BASELINE, AVX2, AVX512}) {
+        if (name != nullptr && std::strcmp(name, getName(level)) == 0) {
+            return std::min(level, widest);
+        }
+    }
+    return widest;
 }
 
 bool QV_InstructionSet::isAvailable(Level level)

@@ -7,8 +7,14 @@ class QV_InstructionSet
 public:
     enum Level { PLAIN, BASELINE, AVX2, AVX512 };
 
-    /// The widest one that this processor offers, asked for once.
+    /// Environment variable with the name of the level to be used.
+    static constexpr const char* VARIABLE = "QUORVEX_INSTRUCTIONS";
+
+    /// What `choose` gives for the variable, asked for once.
     static Level best();
+    /// The level of that name, or the widest one that this processor offers: for null, a name that is not known, and a
+    /// level that is beyond it.
+    static Level choose(const char* name);
     /// True when this processor can run code for `level`.
     static bool isAvailable(Level level);
     static const char* getName(Level level);

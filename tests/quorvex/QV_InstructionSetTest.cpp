@@ -1,7 +1,10 @@
 #include "quorvex/QV_InstructionSet.h"
 
+#include "support/ChildProcess.h"
+
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <string>
 
 TEST(QV_InstructionSet, EveryLevelHasAName)
@@ -18,16 +21,39 @@ TEST(QV_InstructionSet, ThePlainAndTheBaselineFormRunOnEveryProcessor)
     EXPECT_TRUE(QV_InstructionSet::isAvailable(QV_InstructionSet::BASELINE));
 }
 
-TEST(QV_InstructionSet, TheBestLevelIsTheWidestThatIsAvailable)
+TEST(QV_InstructionSet, TheWidestLevelThatIsAvailableIsChosen)
 {
-    const QV_InstructionSet::Level best = QV_InstructionSet::best();
-    EXPECT_TRUE(QV_InstructionSet::isAvailable(best));
-    EXPECT_GE(best, QV_InstructionSet::BASELINE);
+    const QV_InstructionSet::Level widest = QV_InstructionSet::choose(nullptr);
+    EXPECT_TRUE(QV_InstructionSet::isAvailable(widest));
+    EXPECT_GE(widest, QV_InstructionSet::BASELINE);
     for (const auto level : {QV_InstructionSet::AVX2, QV_InstructionSet::AVX512}) {
-        EXPECT_TRUE(level <= best || !QV_InstructionSet::isAvailable(level))
+        EXPECT_TRUE(level <= widest || !QV_InstructionSet::isAvailable(level))
             << QV_InstructionSet::getName(level);
     }
-    EXPECT_EQ(QV_InstructionSet::best(), best);
+    EXPECT_EQ(QV_InstructionSet::choose("sse9"), widest);
+    EXPECT_EQ(QV_InstructionSet::choose(""), widest);
+}
+
+TEST(QV_InstructionSet, ANameChoosesItsLevelAsFarAsItIsAvailable)
+{
+    const QV_InstructionSet::Level widest = QV_InstructionSet::choose(nullptr);
+    for (const auto level : {QV_InstructionSet::PLAIN, QV_InstructionSet::BASELINE,
+                             QV_InstructionSet::AVX2, QV_InstructionSet::AVX512}) {
+        EXPECT_EQ(QV_InstructionSet::choose(QV_InstructionSet::getName(level)),
+                  level <= widest ? level : widest);
+    }
+}
+
+TEST(QV_InstructionSet, TheVariableOfTheEnvironmentDecidesWhatIsUsed)
+{
+    EXPECT_EQ(QV_InstructionSet::best(),
+              QV_InstructionSet::choose(std::getenv(QV_InstructionSet::VARIABLE)));
+    EXPECT_EQ(runInChild([] {
+                  setenv("QUORVEX_INSTRUCTIONS", "plain", 1);
+                  return static_cast<int>(QV_InstructionSet::best());
+              }),
+              static_cast<int>(QV_InstructionSet::best()))
+        << "asked for once";
 }
 
 #if defined(__x86_64__)
