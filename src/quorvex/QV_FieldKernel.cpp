@@ -206,26 +206,6 @@ QV_INLINE bool loadCoherences(const double* rho, typename QV_Pack<W>::Real (&coh
     return ((bits[0] | bits[1] | bits[2] | bits[3]) & twoOrMore) == 0;
 }
 
-/// `polarizationAt` for such atoms. False, and nothing done, where the densities do not allow it.
-template <int W>
-QV_INLINE bool dipoleAt(const QV_Atoms& atoms, double factor, const double* rho, double* terms)
-{
-    using Real = typename QV_Pack<W>::Real;
-    Real r[4];
-    if (!loadCoherences<W>(rho, r)) {
-        return false;
-    }
-    const double* const nu = atoms.mNu;
-    const Real upper = -(nu[2] * r[0] - nu[3] * r[1]);
-    const Real lower = -(nu[4] * r[2] - nu[5] * r[3]);
-    const Real sum = (0.0 + lower * atoms.mPs[1]) + upper * atoms.mPs[2];
-    Real term;
-    __builtin_memcpy(&term, terms, sizeof term);
-    term += factor * (atoms.mDzeta * sum);
-    __builtin_memcpy(terms, &term, sizeof term);
-    return true;
-}
-
 [[gnu::noinline]] void polarizationOneByOne(const QV_Atoms& atoms, double factor,
                                             unsigned long first, unsigned long count,
                                             const double* rho, double* terms)
@@ -243,18 +223,42 @@ QV_INLINE bool dipoleAt(const QV_Atoms& atoms, double factor, const double* rho,
     }
 }
 
+/// The polarization of such atoms. Where the densities do not allow it, node by node.
+template <int W>
+QV_INLINE void dipoleNodes(const QV_Atoms& atoms, double factor, unsigned long count,
+                           const double* rho, double* terms)
+{
+    using Real = typename QV_Pack<W>::Real;
+    // Copies: what is written to the terms could be the tables, for all that the compiler knows.
+    double nu[8];
+    std::copy_n(atoms.mNu, 8, nu);
+    const double upperDipole = atoms.mPs[1];
+    const double lowerDipole = atoms.mPs[2];
+    const double dzeta = atoms.mDzeta;
+    unsigned long i = 0;
+    for (; i + W <= count; i += W) {
+        Real r[4];
+        if (!loadCoherences<W>(rho + 8 * i, r)) {
+            polarizationOneByOne(atoms, factor, 0, W, rho + 8 * i, terms + i);
+            continue;
+        }
+        const Real upper = -(nu[2] * r[0] - nu[3] * r[1]);
+        const Real lower = -(nu[4] * r[2] - nu[5] * r[3]);
+        const Real sum = (0.0 + lower * upperDipole) + upper * lowerDipole;
+        Real term;
+        __builtin_memcpy(&term, terms + i, sizeof term);
+        term += factor * (dzeta * sum);
+        __builtin_memcpy(terms + i, &term, sizeof term);
+    }
+    polarizationOneByOne(atoms, factor, i, count, rho, terms);
+}
+
 template <int W, int N>
 QV_INLINE void polarizationNodes(const QV_Atoms& atoms, double factor, unsigned long count,
                                  const double* rho, double* terms)
 {
     unsigned long i = 0;
-    [[maybe_unused]] const bool isPlain = N == 2 && W > 2 && isPlainDipole(atoms);
     for (; i + W <= count; i += W) {
-        if constexpr (N == 2 && W > 2) {
-            if (isPlain && dipoleAt<W>(atoms, factor, rho + 8 * i, terms + i)) {
-                continue;
-            }
-        }
         polarizationAt<W, N>(atoms, factor, rho + 2UL * N * N * i, terms + atoms.mComponents * i,
                              nullptr);
     }
@@ -267,6 +271,12 @@ QV_INLINE void polarizationLevels(const QV_Atoms& atoms, double factor, unsigned
 {
     switch (atoms.mLevels) {
     case 2:
+        if constexpr (W > 2) {
+            if (isPlainDipole(atoms)) {
+                dipoleNodes<W>(atoms, factor, count, rho, terms);
+                break;
+            }
+        }
         polarizationNodes<W, 2>(atoms, factor, count, rho, terms);
         break;
     case 3:
