@@ -1,6 +1,7 @@
 #!/bin/sh
 # Prints the tables of docs/performance.md: bench/table.sh BUILD_DIRECTORY
-# BUILD_DIRECTORY holds the preset bench. Each row is the best of three runs, solver and plain form by turns.
+# BUILD_DIRECTORY holds the preset bench. The solver's rates are the best of three runs, in million
+# node-steps a second; the plain form, which takes minutes, runs once.
 set -eu
 solver=$1/bench/quorvex_solver_bench
 transform=$1/bench/quorvex_transform_bench
@@ -12,22 +13,28 @@ echo "Machine: $(sed -n 's/^model name[^:]*: //p' /proc/cpuinfo | head -n 1), $(
 echo "Compiler: $(c++ --version | head -n 1)"
 echo "Date: $(date +%F)"
 echo
-echo "| scheme | levels | solver, million node-steps/s | plain form | ratio |"
-echo "|---|---|---|---|---|"
-"$solver" --benchmark_repetitions=3 --benchmark_format=csv 2>/dev/null | awk -F, '
-    /^"(solver|plain)\// && !/_(mean|median|stddev|cv)"/ {
-        gsub(/"/, "", $1)
-        split($1, name, "/")
-        sub("levels:", "", name[3])
-        key = name[2] " | " name[3]
+echo "| scheme | levels | plain form | baseline | AVX2 | AVX-512 | AVX2 / plain | AVX-512 / plain |"
+echo "|---|---|---|---|---|---|---|---|"
+# rates VARIANT FILTER REPETITIONS: lines of variant, scheme, levels and node-steps a second
+rates() {
+    QUORVEX_INSTRUCTIONS=$1 "$solver" --benchmark_filter="^$2/" --benchmark_repetitions="$3" --benchmark_format=csv 2>/dev/null |
+        awk -F, -v variant="$1" '/^"(solver|plain)\// && !/_(mean|median|stddev|cv)"/ {
+            gsub(/"/, "", $1); split($1, name, "/"); sub("levels:", "", name[3])
+            print variant, name[2], name[3], $NF + 0
+        }'
+}
+{ rates form plain 1; for variant in baseline avx2 avx512; do rates $variant solver 3; done; } | awk '
+    {
+        key = $2 " | " $3
         if (!(key in seen)) { seen[key] = 1; order[++count] = key }
-        value = $NF + 0
-        if (value > best[name[1], key]) best[name[1], key] = value
+        if ($4 > best[$1, key]) best[$1, key] = $4
     }
     END {
         for (i = 1; i <= count; ++i) {
-            s = best["solver", order[i]]; p = best["plain", order[i]]
-            printf "| %s | %.1f | %.1f | %.1f |\n", order[i], s / 1e6, p / 1e6, s / p
+            form = best["form", order[i]]
+            printf "| %s | %.1f | %.1f | %.1f | %.1f | %.1f | %.1f |\n", order[i], form / 1e6,
+                best["baseline", order[i]] / 1e6, best["avx2", order[i]] / 1e6, best["avx512", order[i]] / 1e6,
+                best["avx2", order[i]] / form, best["avx512", order[i]] / form
         }
     }'
 echo
