@@ -205,8 +205,7 @@ void LA_Matrix<T>::saveToMetaClass(MM_Class& metaClass) const
     LA_Object::saveToMetaClass(metaClass);
     metaClass.addAttributeToMetaFields("mLinesNumber", mLinesNumber);
     metaClass.addAttributeToMetaFields("mColumnsNumber", mColumnsNumber);
-    metaClass.addAttributeToMetaFields(
-        "mValues", std::vector<T>(mValues, mValues + mLinesNumber * mColumnsNumber));
+    metaClass.addAttributeToMetaFields("mValues", mValues, mLinesNumber * mColumnsNumber);
 }
 
 template <typename T>

@@ -175,8 +175,7 @@ void LA_Vector<T>::saveToMetaClass(MM_Class& metaClass) const
 {
     LA_Object::saveToMetaClass(metaClass);
     metaClass.addAttributeToMetaFields("mDimension", mDimension);
-    metaClass.addAttributeToMetaFields("mValues",
-                                       std::vector<T>(mValues.get(), mValues.get() + mDimension));
+    metaClass.addAttributeToMetaFields("mValues", mValues.get(), mDimension);
 }
 
 template <typename T>

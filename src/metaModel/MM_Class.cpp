@@ -61,7 +61,8 @@ void MM_Class::addToMetaFields(MM_Field* field)
                   << " is empty !! can not be added to the class fields.\n"
                   << "Set the id of the field to the instance class field name it refers.\n";
     }
-    if (mMetaFields->get(field->getName()) == nullptr) {
+    const bool isInText = mText != nullptr && mText->has(field->getName());
+    if (!isInText && mMetaFields->get(field->getName()) == nullptr) {
         mMetaFields->put(field->getName(), field);
     }
 }
@@ -126,9 +127,14 @@ void MM_Class::addAssociationToMetaFields(const std::string& name, const MM_Obje
 
 void MM_Class::addAssociationToMetaFields(const std::string& name, const MM_Object& object)
 {
-    const COM_Scoped field(MM_Field::New(name));
-    addToMetaFields(*field);
-    field->setMetaValues(object);
+    if (!isForText(name)) {
+        const COM_Scoped field(MM_Field::New(name));
+        addToMetaFields(*field);
+        field->setMetaValues(object);
+    } else if (beginText(name)) {
+        mText->addIdentity(object);
+        mText->endField();
+    }
     describe(object);
 }
 
@@ -177,6 +183,12 @@ void MM_Class::describe(const MM_Object& object)
     if (mMetaPackage != nullptr) {
         mMetaPackage->describe(object);
     }
+}
+
+bool MM_Class::beginText(const std::string& name)
+{
+    // A field that was given whole stays in the node, and the first of a name wins.
+    return getFromMetaFields(name) == nullptr && mText->beginField(name);
 }
 
 MM_Field* MM_Class::getManyFromMetaFields(const std::string& name) const

@@ -1,6 +1,7 @@
 #pragma once
 #include "common/COM_Map.h"
 #include "common/COM_Scoped.h"
+#include "metaModel/MM_ClassText.h"
 #include "metaModel/MM_Field.h"
 #include "metaModel/MM_Object.h"
 
@@ -54,10 +55,15 @@ public:
     void removeNewParameters() { mNewParameters.clear(); }
     std::vector<std::string> getNewParameters() const { return mNewParameters; }
 
+    /// Fields told by name go to `text` from now on, in place of this node. Null: they stay here.
+    void setText(MM_ClassText* text) { mText = text; }
+
     template <typename T>
     void addAttributeToMetaFields(const std::string& name, const T& value);
     template <typename T>
     void addAttributeToMetaFields(const std::string& name, const std::vector<T>& values);
+    template <typename T>
+    void addAttributeToMetaFields(const std::string& name, const T* values, unsigned long count);
     /// The first value of the field. A missing field is announced; without field or value `*value` stays.
     template <typename T>
     void getAttributeFromMetaFields(const std::string& name, T* value) const;
@@ -97,12 +103,19 @@ private:
     MM_Object* instance(const std::string& identity) const;
     void printNoInstance(const std::string& identity) const;
     void printNoAttribute(const std::string& name) const;
+    /// True when a field of that name goes to the text. One without name is announced by the node.
+    bool isForText(const std::string& name) const { return mText != nullptr && !name.empty(); }
+    /// Starts a field in the text; false, and no values may follow, when it is not to be written.
+    bool beginText(const std::string& name);
+    template <typename Iterator>
+    void addAttributeToText(const std::string& name, Iterator first, Iterator last);
 
     std::string mName; ///< `getClassName()` of the object described.
     std::string mId;   ///< Its identity string.
     std::vector<std::string> mNewParameters;
     MM_Package* mMetaPackage = nullptr;          ///< Counted back reference.
     COM_Map<std::string, MM_Field>* mMetaFields; ///< By field name. Counted, never null.
+    MM_ClassText* mText = nullptr;               ///< Borrowed; null: fields stay in the node.
 };
 
 #include "metaModel/MM_Class.hpp"

@@ -4,15 +4,46 @@
 template <typename T>
 void MM_Class::addAttributeToMetaFields(const std::string& name, const T& value)
 {
+    if (isForText(name)) {
+        addAttributeToText(name, &value, &value + 1);
+        return;
+    }
     addAttributeToMetaFields(name, std::vector<T>{value});
 }
 
 template <typename T>
 void MM_Class::addAttributeToMetaFields(const std::string& name, const std::vector<T>& values)
 {
+    if (isForText(name)) {
+        addAttributeToText(name, values.begin(), values.end());
+        return;
+    }
     const COM_Scoped field(MM_Field::New(name));
     addToMetaFields(*field);
     field->setMetaValues(values);
+}
+
+template <typename T>
+void MM_Class::addAttributeToMetaFields(const std::string& name, const T* values,
+                                        unsigned long count)
+{
+    if (isForText(name)) {
+        addAttributeToText(name, values, values + count);
+        return;
+    }
+    addAttributeToMetaFields(name, std::vector<T>(values, values + count));
+}
+
+template <typename Iterator>
+void MM_Class::addAttributeToText(const std::string& name, Iterator first, Iterator last)
+{
+    if (!beginText(name)) {
+        return;
+    }
+    for (; first != last; ++first) {
+        mText->addValue(*first);
+    }
+    mText->endField();
 }
 
 template <typename T>
@@ -40,9 +71,18 @@ void MM_Class::getAttributeFromMetaFields(const std::string& name, std::vector<T
 template <typename T>
 void MM_Class::addAssociationToMetaFields(const std::string& name, const COM_Array<T>& objects)
 {
-    const COM_Scoped field(MM_Field::New(name));
-    addToMetaFields(*field);
-    field->setMetaValues(objects);
+    if (!isForText(name)) {
+        const COM_Scoped field(MM_Field::New(name));
+        addToMetaFields(*field);
+        field->setMetaValues(objects);
+    } else if (beginText(name)) {
+        for (unsigned long i = 0; i < objects.size(); ++i) {
+            if (objects.get(i) != nullptr) {
+                mText->addIdentity(objects[i]);
+            }
+        }
+        mText->endField();
+    }
     for (unsigned long i = 0; i < objects.size(); ++i) {
         if (objects.get(i) != nullptr) {
             describe(objects[i]);
@@ -53,11 +93,26 @@ void MM_Class::addAssociationToMetaFields(const std::string& name, const COM_Arr
 template <typename K, typename T>
 void MM_Class::addAssociationToMetaFields(const std::string& name, const COM_Map<K, T>& objects)
 {
-    const COM_Scoped field(MM_Field::New(name));
-    addToMetaFields(*field);
-    field->setMetaValues(objects);
-    for (const K& key : objects.keys()) {
-        describe(objects[key]);
+    if (!isForText(name)) {
+        const COM_Scoped field(MM_Field::New(name));
+        addToMetaFields(*field);
+        field->setMetaValues(objects);
+        for (const K& key : objects.keys()) {
+            describe(objects[key]);
+        }
+        return;
+    }
+    const COM_Scoped values(COM_Array<T>::New(false));
+    objects.values(*values);
+    if (beginText(name)) {
+        unsigned long i = 0;
+        for (const K& key : objects.keys()) {
+            mText->addIdentity(COM_String::toString(key), (*values)[i++]);
+        }
+        mText->endField();
+    }
+    for (unsigned long i = 0; i < values->size(); ++i) {
+        describe((*values)[i]);
     }
 }
 

@@ -5,9 +5,14 @@
 #include "metaModel/MM_Class.h"
 #include "metaModel/MM_Package.h"
 
+#include <algorithm>
+#include <bitset>
 #include <fstream>
 #include <iostream>
+#include <limits>
+#include <map>
 #include <new>
+#include <unordered_map>
 #include <vector>
 
 namespace {
@@ -18,52 +23,153 @@ constexpr int fieldLevel = 2;
 constexpr int valueLevel = 3;
 constexpr int sameLine = -1; ///< Level of a tag that gets no line of its own.
 
-/// A package that knows the objects of a graph by identity and describes each when it is asked to, in
-/// place of keeping all descriptions.
+/// A set of identity numbers. Objects of a mesh are made one after the other, so their numbers lie close
+/// together: a bit for each takes less memory than any list of them.
+class IdentityNumbers
+{
+public:
+    /// False when the number is there already.
+    bool insert(unsigned long number)
+    {
+        Page& page = mPages[number / pageSize];
+        if (page[number % pageSize]) {
+            return false;
+        }
+        page[number % pageSize] = true;
+        return true;
+    }
+
+private:
+    static constexpr unsigned long pageSize = 4096;
+    using Page = std::bitset<pageSize>;
+
+    std::unordered_map<unsigned long, Page> mPages;
+};
+
+/// A package that knows the objects of a graph by identity and describes each as text when it is asked to,
+/// in place of keeping all descriptions.
 class Record : public MM_Package
 {
     COM_CLASS(Record)
 public:
     void describe(const MM_Object& object) override
     {
-        if (mObjects.emplace(object.getIdentityString(), &object).second) {
+        const unsigned long number = object.getIdentityNumber();
+        if (!mIsComplete && mKnown.insert(number)) {
+            mClasses[object.getClassName() + separator].push_back({moveLeft(number), &object});
             mWaiting.push_back(&object);
         }
     }
 
-    /// Finds every object that can be reached from `root`.
-    void collect(const MM_Object& root)
+    /// Writes every object that can be reached from `root`, in the byte order of their identity strings.
+    void write(std::ostream& f, const MM_Object& root)
     {
-        describe(root);
-        while (!mWaiting.empty()) {
-            const MM_Object* const object = mWaiting.back();
-            mWaiting.pop_back();
-            visit(*object, [](const MM_Class&) {});
-        }
-    }
-
-    /// Describes `object` and hands the node to `use`.
-    template <typename Use>
-    void visit(const MM_Object& object, Use use)
-    {
+        // One node stands for each object in turn; its own identity shows nowhere.
         const COM_Scoped node(MM_Class::New());
-        node->setId(object.getIdentityString());
-        node->setName(object.getClassName());
+        node->setId(root.getIdentityString());
         node->setMetaPackage(*this);
-        object.saveToMetaClass(*node);
-        use(*node);
+        node->setText(&mText);
+        collect(*node, root);
+        writeAll(f, *node);
         node->resetMetaPackage();
     }
-
-    const std::map<std::string, const MM_Object*>& objects() const { return mObjects; }
 
 protected:
     Record() { COM_TYPE(Record); }
     ~Record() override = default;
 
 private:
-    std::map<std::string, const MM_Object*> mObjects; ///< By identity. Borrowed.
+    struct Entry
+    {
+        unsigned long mOrder; ///< The identity number's digits, moved to the left of all numbers.
+        const MM_Object* mObject;
+    };
+
+    /// Decimal digits in byte order: of two numbers of which one begins with the other, the shorter first.
+    static bool isBefore(const Entry& a, const Entry& b)
+    {
+        return a.mOrder != b.mOrder
+                   ? a.mOrder < b.mOrder
+                   : a.mObject->getIdentityNumber() < b.mObject->getIdentityNumber();
+    }
+
+    static unsigned long moveLeft(unsigned long number)
+    {
+        constexpr unsigned long nineteenDigits = 1000000000000000000;
+        while (number < nineteenDigits) {
+            number *= 10;
+        }
+        return number;
+    }
+
+    void collect(MM_Class& node, const MM_Object& root)
+    {
+        mText.setWanted(false);
+        describe(root);
+        while (!mWaiting.empty()) {
+            const MM_Object* const object = mWaiting.back();
+            mWaiting.pop_back();
+            object->saveToMetaClass(node);
+            node.resetMetaFields();
+        }
+        mIsComplete = true;
+        std::vector<const MM_Object*>().swap(mWaiting);
+        mText.setWanted(true);
+    }
+
+    void writeAll(std::ostream& f, MM_Class& node)
+    {
+        std::string block;
+        for (auto& [key, objects] : mClasses) {
+            const std::string className = key.substr(0, key.size() - 1);
+            std::sort(objects.begin(), objects.end(), isBefore);
+            for (const Entry& entry : objects) {
+                append(block, className, *entry.mObject, node);
+                if (block.size() >= blockSize) {
+                    f.write(block.data(), static_cast<std::streamsize>(block.size()));
+                    block.clear();
+                }
+            }
+        }
+        f.write(block.data(), static_cast<std::streamsize>(block.size()));
+    }
+
+    void append(std::string& block, const std::string& className, const MM_Object& object,
+                MM_Class& node)
+    {
+        mText.clear();
+        object.saveToMetaClass(node);
+        appendFields(node);
+        node.resetMetaFields();
+        mText.appendTo(block, className, object);
+    }
+
+    /// Adds the fields that an object has made itself.
+    void appendFields(const MM_Class& node)
+    {
+        const COM_Map<std::string, MM_Field>& fields = node.getMetaFields();
+        for (const std::string& name : fields.keys()) {
+            if (!mText.beginField(name)) {
+                continue;
+            }
+            const COM_Array<MM_Value>& values = fields[name].getMetaValues();
+            for (unsigned long i = 0; i < values.size(); ++i) {
+                mText.addValue(values[i].getKey(), values[i].getValue());
+            }
+            mText.endField();
+        }
+    }
+
+    static constexpr std::size_t blockSize = 1 << 18; ///< Bytes given to the file at once.
+    static constexpr char separator = '@';            ///< Between class name and number.
+
+    bool mIsComplete =
+        false; ///< True when all objects are known, and only their texts are asked for.
+    IdentityNumbers mKnown;
+    std::map<std::string, std::vector<Entry>>
+        mClasses; ///< By class name and separator, in the order of identity strings. Objects are borrowed.
     std::vector<const MM_Object*> mWaiting; ///< Not asked yet for what they refer to. Borrowed.
+    MM_ClassText mText;
 };
 
 int cannotBeCreated(const std::string& fileName)
@@ -105,12 +211,8 @@ int MM_Parser::generateXMLMetaModelFile(const std::string& fileName, const MM_Ob
         return cannotBeCreated(fileName);
     }
     std::ostream& f = file.stream();
-    const COM_Scoped record(Record::New());
-    record->collect(root);
     writeTag(f, packageLevel, PACKAGE_XML_TAG, {{PACKAGE_ATTRIBUTES[0], root.getIdentityString()}});
-    for (const auto& [id, object] : record->objects()) {
-        record->visit(*object, [&f](const MM_Class& node) { writeClass(f, node); });
-    }
+    COM_Scoped(Record::New())->write(f, root);
     writeEndTag(f, packageLevel, PACKAGE_XML_TAG);
     return file.commit() ? 0 : cannotBeCreated(fileName);
 }
