@@ -14,10 +14,22 @@ namespace {
 
 constexpr unsigned long samples = 51; ///< Points along a curve for its box.
 
+bool haveNumbers(const GEO_Vertex& a, const GEO_Vertex& b)
+{
+    return a.getLocationNumber() >= 0 && b.getLocationNumber() >= 0;
 }
 
-COM_Map<std::string, GEO_Curve>* GEO_Curve::mCurves = nullptr;
-COM_Map<unsigned long, GEO_Curve>* GEO_Curve::mNumberedCurves = nullptr;
+GEO_Pairs::Pair pairOf(const GEO_Vertex& a, const GEO_Vertex& b)
+{
+    const auto first = static_cast<unsigned long>(a.getLocationNumber());
+    const auto second = static_cast<unsigned long>(b.getLocationNumber());
+    return {std::min(first, second), std::max(first, second)};
+}
+
+} // namespace
+
+GEO_Pairs* GEO_Curve::mCurves = nullptr;
+GEO_Numbers<GEO_Curve>* GEO_Curve::mNumberedCurves = nullptr;
 
 GEO_Curve::GEO_Curve()
     : mEdges(COM_Array<GEO_Edge>::New())
@@ -139,18 +151,18 @@ std::vector<double> GEO_Curve::getParametersAt(unsigned long axis, double value)
 
 // ---------------------------------------------------------------- registries
 
-COM_Map<std::string, GEO_Curve>& GEO_Curve::pairs()
+GEO_Pairs& GEO_Curve::pairs()
 {
     if (mCurves == nullptr) {
-        mCurves = COM_Map<std::string, GEO_Curve>::New(false);
+        mCurves = GEO_Pairs::New();
     }
     return *mCurves;
 }
 
-COM_Map<unsigned long, GEO_Curve>& GEO_Curve::numbers()
+GEO_Numbers<GEO_Curve>& GEO_Curve::numbers()
 {
     if (mNumberedCurves == nullptr) {
-        mNumberedCurves = COM_Map<unsigned long, GEO_Curve>::New(false);
+        mNumberedCurves = GEO_Numbers<GEO_Curve>::New();
     }
     return *mNumberedCurves;
 }
@@ -163,8 +175,7 @@ std::string GEO_Curve::getKey(const GEO_Vertex& a, const GEO_Vertex& b)
 
 GEO_Curve* GEO_Curve::get(const GEO_Vertex& a, const GEO_Vertex& b)
 {
-    const std::string key = getKey(a, b);
-    return key.empty() ? nullptr : pairs().get(key);
+    return haveNumbers(a, b) ? pairs().get(pairOf(a, b)) : nullptr;
 }
 
 GEO_Curve* GEO_Curve::get(unsigned long locationNumber)
@@ -172,25 +183,28 @@ GEO_Curve* GEO_Curve::get(unsigned long locationNumber)
     return numbers().get(locationNumber);
 }
 
+GEO_Pairs::Pair GEO_Curve::getPair() const
+{
+    return pairOf(*mStartingVertex, *mEndingVertex);
+}
+
+bool GEO_Curve::hasPair() const
+{
+    return mStartingVertex != nullptr && mEndingVertex != nullptr
+           && haveNumbers(*mStartingVertex, *mEndingVertex);
+}
+
 void GEO_Curve::enterRegistry()
 {
-    if (mStartingVertex == nullptr || mEndingVertex == nullptr) {
-        return;
-    }
-    const std::string key = getKey(*mStartingVertex, *mEndingVertex);
-    if (!key.empty()) {
-        pairs().put(key, this);
+    if (hasPair()) {
+        pairs().put(getPair(), *this);
     }
 }
 
 void GEO_Curve::leaveRegistry()
 {
-    if (mStartingVertex == nullptr || mEndingVertex == nullptr) {
-        return;
-    }
-    const std::string key = getKey(*mStartingVertex, *mEndingVertex);
-    if (!key.empty() && pairs().get(key) == this) {
-        pairs().remove(key);
+    if (hasPair() && pairs().get(getPair()) == this) {
+        pairs().remove(getPair());
     }
 }
 
@@ -209,7 +223,7 @@ bool GEO_Curve::setLocationNumber(long locationNumber)
     leaveNumbers();
     mLocationNumber = locationNumber;
     if (locationNumber >= 0) {
-        numbers().put(static_cast<unsigned long>(locationNumber), this);
+        numbers().put(static_cast<unsigned long>(locationNumber), *this);
     }
     return true;
 }

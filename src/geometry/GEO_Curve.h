@@ -1,7 +1,8 @@
 #pragma once
 #include "common/COM_Array.h"
-#include "common/COM_Map.h"
 #include "geometry/GEO_Movable.h"
+#include "geometry/GEO_Numbers.h"
+#include "geometry/GEO_Pairs.h"
 
 #include <string>
 #include <vector>
@@ -62,6 +63,8 @@ public:
     /// The curve of that number, or null.
     static GEO_Curve* get(unsigned long locationNumber);
 
+    /// The numbers of both vertices. Requires: they have numbers.
+    GEO_Pairs::Pair getPair() const;
     /// False, with nothing changed, when another curve has that number. A negative number takes the
     /// present one away.
     bool setLocationNumber(long locationNumber);
@@ -112,15 +115,15 @@ protected:
     }
 
 private:
-    static COM_Map<std::string, GEO_Curve>& pairs();
-    static COM_Map<unsigned long, GEO_Curve>& numbers();
+    static GEO_Pairs& pairs();
+    static GEO_Numbers<GEO_Curve>& numbers();
     void leaveNumbers();
+    bool hasPair() const;
 
     long mLocationNumber = -1;             ///< -1 without number.
     GEO_Vertex* mStartingVertex = nullptr; ///< Counted.
     GEO_Vertex* mEndingVertex = nullptr;   ///< Counted.
     COM_Array<GEO_Edge>* mEdges;           ///< The edges that use the curve. Counted, never null.
-    static COM_Map<std::string, GEO_Curve>* mCurves; ///< By key, a view; null until used.
-    static COM_Map<unsigned long, GEO_Curve>*
-        mNumberedCurves; ///< By number, a view; null until used.
+    static GEO_Pairs* mCurves;             ///< By the numbers of the ends, a view; null until used.
+    static GEO_Numbers<GEO_Curve>* mNumberedCurves; ///< By number, a view; null until used.
 };

@@ -4,6 +4,13 @@
 
 #include <algorithm>
 
+GEO_Point::GEO_Point(double x)
+    : LA_RealVector(1)
+{
+    COM_TYPE(GEO_Point);
+    setValue(0, x);
+}
+
 GEO_Point::GEO_Point(double x, double y)
     : LA_RealVector(2)
 {

@@ -31,6 +31,8 @@ protected:
     GEO_Point()
         : GEO_Point(0.0, 0.0)
     {}
+    /// A point of a line: it has one coordinate.
+    explicit GEO_Point(double x);
     GEO_Point(double x, double y);
     GEO_Point(double x, double y, double z);
     GEO_Point(const GEO_Point& point);

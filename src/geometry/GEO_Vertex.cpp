@@ -5,7 +5,7 @@
 #include "geometry/GEO_Curve.h"
 #include "geometry/GEO_Point.h"
 
-COM_Map<unsigned long, GEO_Vertex>* GEO_Vertex::mVertices = nullptr;
+GEO_Numbers<GEO_Vertex>* GEO_Vertex::mVertices = nullptr;
 
 GEO_Vertex::GEO_Vertex()
     : mStartingCurves(COM_Array<GEO_Curve>::New())
@@ -70,10 +70,10 @@ GEO_Vertex* GEO_Vertex::New(const GEO_Vertex& vertex)
     return copy;
 }
 
-COM_Map<unsigned long, GEO_Vertex>& GEO_Vertex::registry()
+GEO_Numbers<GEO_Vertex>& GEO_Vertex::registry()
 {
     if (mVertices == nullptr) {
-        mVertices = COM_Map<unsigned long, GEO_Vertex>::New(false);
+        mVertices = GEO_Numbers<GEO_Vertex>::New();
     }
     return *mVertices;
 }
@@ -130,7 +130,7 @@ bool GEO_Vertex::setLocationNumber(long locationNumber)
     leaveRegistry();
     mLocationNumber = locationNumber;
     if (locationNumber >= 0) {
-        registry().put(static_cast<unsigned long>(locationNumber), this);
+        registry().put(static_cast<unsigned long>(locationNumber), *this);
     }
     eachCurve([](GEO_Curve& curve) { curve.enterRegistry(); });
     return true;

@@ -1,6 +1,7 @@
 #pragma once
 #include "common/COM_Array.h"
 #include "common/COM_Map.h"
+#include "geometry/GEO_Numbers.h"
 #include "geometry/GEO_Object.h"
 
 #include <string>
@@ -78,16 +79,15 @@ protected:
     ~GEO_Vertex() override;
 
 private:
-    static COM_Map<unsigned long, GEO_Vertex>& registry();
+    static GEO_Numbers<GEO_Vertex>& registry();
     void leaveRegistry();
     void collectCurves(COM_Map<unsigned long, GEO_Curve>& curves) const;
     template <typename Operation>
     void eachCurve(Operation operation) const;
 
-    long mLocationNumber = -1;             ///< -1 without number.
-    GEO_Point* mPoint = nullptr;           ///< Counted.
-    COM_Array<GEO_Curve>* mStartingCurves; ///< Counted, never null.
-    COM_Array<GEO_Curve>* mEndingCurves;   ///< Counted, never null.
-    static COM_Map<unsigned long, GEO_Vertex>*
-        mVertices; ///< The registry, a view; null until used.
+    long mLocationNumber = -1;                 ///< -1 without number.
+    GEO_Point* mPoint = nullptr;               ///< Counted.
+    COM_Array<GEO_Curve>* mStartingCurves;     ///< Counted, never null.
+    COM_Array<GEO_Curve>* mEndingCurves;       ///< Counted, never null.
+    static GEO_Numbers<GEO_Vertex>* mVertices; ///< The registry, a view; null until used.
 };

@@ -45,8 +45,11 @@ TEST(GEO_Point, APointIsAVectorAndAGeometricObject)
                                         "LA_RealVector", "GEO_Object", "GEO_Point"}));
 }
 
-TEST(GEO_Point, TwoOrThreeCoordinatesGiveTheDimension)
+TEST(GEO_Point, TheNumberOfCoordinatesIsTheDimension)
 {
+    const COM_Scoped onLine(GEO_Point::New(-0.5));
+    EXPECT_EQ(onLine->getDimension(), 1UL);
+    EXPECT_EQ(onLine->getValue(0), -0.5);
     const COM_Scoped flat(GEO_Point::New(1.0, 2.0));
     const COM_Scoped spatial(GEO_Point::New(1.0, 2.0, 3.0));
     EXPECT_EQ(valuesOf(*flat), (Values{1.0, 2.0}));
