@@ -38,6 +38,13 @@ struct Power
 constexpr int greatestPower = 330;
 using Powers = std::array<Power, 2 * greatestPower + 1>;
 
+/// Where a power stands in the table.
+std::size_t placeOf(int power)
+{
+    const int place = power + greatestPower;
+    return static_cast<std::size_t>(place);
+}
+
 /// Where a long double holds the mantissas.
 constexpr bool hasPowers = std::numeric_limits<long double>::digits >= 64;
 
@@ -46,7 +53,7 @@ Powers computePowers()
     constexpr int bits = 64;
     Powers powers{};
     for (int i = -greatestPower; i <= greatestPower; ++i) {
-        Power& power = powers.at(static_cast<std::size_t>(i + greatestPower));
+        Power& power = powers.at(placeOf(i));
         const long double value = strtold_l(("1e" + std::to_string(i)).c_str(), nullptr, cLocale());
         const long double fraction = std::frexp(value, &power.mExponent);
         power.mMantissa = static_cast<std::uint64_t>(std::ldexp(fraction, bits));
@@ -77,8 +84,7 @@ bool findSevenDigits(double x, unsigned& digits, int& exponent)
     // That of 2^binary, by log10(2) to 18 binary places: the one of x, or one below it.
     exponent = (binary * 78913) >> 18;
     for (;; ++exponent) {
-        const Power& power =
-            powers[static_cast<std::size_t>(usualPrecision - exponent + greatestPower)];
+        const Power& power = powers[placeOf(usualPrecision - exponent)];
         const Product product = static_cast<Product>(mantissa) * power.mMantissa;
         const auto shift = static_cast<unsigned>(places - binary - power.mExponent); // 88 to 97
         digits = static_cast<unsigned>(product >> shift);

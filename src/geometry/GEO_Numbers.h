@@ -16,31 +16,31 @@ public:
     /// The object, or null.
     T* get(unsigned long number) const
     {
-        const Page* const page = find(number / pageSize);
-        return page != nullptr ? page->mObjects[number % pageSize] : nullptr;
+        const Page* const page = find(number / PAGE_SIZE);
+        return page != nullptr ? page->mObjects[number % PAGE_SIZE] : nullptr;
     }
     /// Takes the number for `object`, also from another one.
     void put(unsigned long number, T& object)
     {
-        Page* page = find(number / pageSize);
+        Page* page = find(number / PAGE_SIZE);
         if (page == nullptr) {
-            page = &mPages[number / pageSize];
-            remember(number / pageSize, page);
+            page = &mPages[number / PAGE_SIZE];
+            remember(number / PAGE_SIZE, page);
         }
-        T*& slot = page->mObjects[number % pageSize];
+        T*& slot = page->mObjects[number % PAGE_SIZE];
         page->mCount += slot == nullptr ? 1 : 0;
         slot = &object;
     }
     /// Does nothing for a number that is free.
     void remove(unsigned long number)
     {
-        Page* const page = find(number / pageSize);
-        if (page == nullptr || page->mObjects[number % pageSize] == nullptr) {
+        Page* const page = find(number / PAGE_SIZE);
+        if (page == nullptr || page->mObjects[number % PAGE_SIZE] == nullptr) {
             return;
         }
-        page->mObjects[number % pageSize] = nullptr;
+        page->mObjects[number % PAGE_SIZE] = nullptr;
         if (--page->mCount == 0) {
-            mPages.erase(number / pageSize);
+            mPages.erase(number / PAGE_SIZE);
             remember(0, nullptr);
         }
     }
@@ -50,11 +50,11 @@ protected:
     ~GEO_Numbers() override = default;
 
 private:
-    static constexpr unsigned long pageSize = 64; ///< Small, for numbers that lie far apart.
+    static constexpr unsigned long PAGE_SIZE = 64; ///< Small, for numbers that lie far apart.
 
     struct Page
     {
-        std::array<T*, pageSize> mObjects{};
+        std::array<T*, PAGE_SIZE> mObjects{};
         unsigned long mCount = 0; ///< Those that are not null.
     };
 

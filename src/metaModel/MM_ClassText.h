@@ -43,8 +43,8 @@ private:
     struct Field
     {
         std::string mName;
-        std::size_t mBegin; ///< Its lines are those of the text from here ...
-        std::size_t mEnd;   ///< ... to here.
+        std::size_t mBegin = 0; ///< Its lines are those of the text from here ...
+        std::size_t mEnd = 0;   ///< ... to here.
     };
 
     void beginValue();

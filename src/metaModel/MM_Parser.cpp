@@ -31,17 +31,17 @@ public:
     /// False when the number is there already.
     bool insert(unsigned long number)
     {
-        Page& page = mPages[number / pageSize];
-        if (page[number % pageSize]) {
+        Page& page = mPages[number / PAGE_SIZE];
+        if (page[number % PAGE_SIZE]) {
             return false;
         }
-        page[number % pageSize] = true;
+        page[number % PAGE_SIZE] = true;
         return true;
     }
 
 private:
-    static constexpr unsigned long pageSize = 4096;
-    using Page = std::bitset<pageSize>;
+    static constexpr unsigned long PAGE_SIZE = 4096;
+    using Page = std::bitset<PAGE_SIZE>;
 
     std::unordered_map<unsigned long, Page> mPages;
 };
@@ -56,7 +56,7 @@ public:
     {
         const unsigned long number = object.getIdentityNumber();
         if (!mIsComplete && mKnown.insert(number)) {
-            mClasses[object.getClassName() + separator].push_back({moveLeft(number), &object});
+            mClasses[object.getClassName() + SEPARATOR].push_back({moveLeft(number), &object});
             mWaiting.push_back(&object);
         }
     }
@@ -125,7 +125,7 @@ private:
             std::sort(objects.begin(), objects.end(), isBefore);
             for (const Entry& entry : objects) {
                 append(block, className, *entry.mObject, node);
-                if (block.size() >= blockSize) {
+                if (block.size() >= BLOCK_SIZE) {
                     f.write(block.data(), static_cast<std::streamsize>(block.size()));
                     block.clear();
                 }
@@ -160,8 +160,8 @@ private:
         }
     }
 
-    static constexpr std::size_t blockSize = 1 << 18; ///< Bytes given to the file at once.
-    static constexpr char separator = '@';            ///< Between class name and number.
+    static constexpr std::size_t BLOCK_SIZE = 1 << 18; ///< Bytes given to the file at once.
+    static constexpr char SEPARATOR = '@';             ///< Between class name and number.
 
     bool mIsComplete =
         false; ///< True when all objects are known, and only their texts are asked for.
