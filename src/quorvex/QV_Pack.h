@@ -1,5 +1,6 @@
 #pragma once
 #include "quorvex/QV_Inline.h"
+#include "quorvex/QV_Unroll.h"
 
 /// The compiler's vector types, for `QV_Pack`.
 template <int W>
@@ -46,6 +47,24 @@ struct QV_Pack
             bits |= mask[lane];
         }
         return bits != 0;
+    }
+
+    /// Sets bits of a lane of `mask` where those of `a` and `b` differ.
+    QV_INLINE static void addDifference(const Real& a, const Real& b, Mask& mask)
+    {
+        mask |= reinterpret_cast<const Mask&>(a) ^ reinterpret_cast<const Mask&>(b);
+    }
+    /// Whether a bit of any lane is set.
+    QV_INLINE static bool isAnyBit(const Mask& mask)
+    {
+        if constexpr (W == 2) {
+            return (mask[0] | mask[1]) != 0;
+        } else {
+            typename QV_PackType<W / 2>::Mask halves[2];
+            __builtin_memcpy(halves, &mask, sizeof(Mask));
+            halves[0] |= halves[1];
+            return QV_Pack<W / 2>::isAnyBit(halves[0]);
+        }
     }
 
     /// Exchanges lanes and rows of W packs.
@@ -133,6 +152,122 @@ struct QV_Pack
                 to[static_cast<unsigned long>(lane) * stride + i] = get(packs[i], lane);
             }
         }
+    }
+
+    /// Reads COUNT complex numbers of each of W nodes, which follow each other.
+    template <int COUNT>
+    QV_INLINE static void loadComplex(const double* from, Real* re, Real* im)
+    {
+        constexpr int done = W == 8 ? COUNT / 2 * 2 : 0;
+        QV_Unroll::each<done / 2>([&](auto half) __attribute__((always_inline)) {
+            constexpr int i = 2 * half;
+            Real rows[4]; // of nodes 0 and 4, 1 and 5, ...
+            QV_Unroll::each<4>([&](auto row) __attribute__((always_inline)) {
+                gather<4, W>(from + row * 2 * COUNT + 2 * i, 4 * 2 * COUNT, rows[row]);
+            });
+            exchangeOnes(rows[0], rows[1]);
+            exchangeOnes(rows[2], rows[3]);
+            exchangeTwos(rows[0], rows[2]);
+            exchangeTwos(rows[1], rows[3]);
+            re[i] = rows[0];
+            im[i] = rows[1];
+            re[i + 1] = rows[2];
+            im[i + 1] = rows[3];
+        });
+        QV_Unroll::each<COUNT - done>([&](auto rest) __attribute__((always_inline)) {
+            constexpr int i = done + rest;
+            gather<2, W>(from + 2 * i, 2 * 2 * COUNT, re[i]);
+            gather<2, W>(from + 2 * COUNT + 2 * i, 2 * 2 * COUNT, im[i]);
+            exchangeOnes(re[i], im[i]);
+        });
+    }
+
+    /// Writes them back.
+    template <int COUNT>
+    QV_INLINE static void storeComplex(const Real* re, const Real* im, double* to)
+    {
+        constexpr int done = W == 8 ? COUNT / 2 * 2 : 0;
+        QV_Unroll::each<done / 2>([&](auto half) __attribute__((always_inline)) {
+            constexpr int i = 2 * half;
+            Real rows[4] = {re[i], im[i], re[i + 1], im[i + 1]};
+            exchangeOnes(rows[0], rows[1]);
+            exchangeOnes(rows[2], rows[3]);
+            exchangeTwos(rows[0], rows[2]);
+            exchangeTwos(rows[1], rows[3]);
+            QV_Unroll::each<4>([&](auto row) __attribute__((always_inline)) {
+                scatter<4, W>(rows[row], to + row * 2 * COUNT + 2 * i, 4 * 2 * COUNT);
+            });
+        });
+        QV_Unroll::each<COUNT - done>([&](auto rest) __attribute__((always_inline)) {
+            constexpr int i = done + rest;
+            Real even = re[i];
+            Real odd = im[i];
+            exchangeOnes(even, odd);
+            scatter<2, W>(even, to + 2 * i, 2 * 2 * COUNT);
+            scatter<2, W>(odd, to + 2 * COUNT + 2 * i, 2 * 2 * COUNT);
+        });
+    }
+
+private:
+    /// Fills a pack of SIZE numbers with chunks of CHUNK that lie `step` apart.
+    template <int CHUNK, int SIZE>
+    QV_INLINE static void gather(const double* from, unsigned long step,
+                                 typename QV_PackType<SIZE>::Real& pack)
+    {
+        if constexpr (CHUNK == SIZE) {
+            __builtin_memcpy(&pack, from, sizeof(pack));
+        } else {
+            typename QV_PackType<SIZE / 2>::Real halves[2];
+            gather<CHUNK, SIZE / 2>(from, step, halves[0]);
+            gather<CHUNK, SIZE / 2>(from + SIZE / 2 / CHUNK * step, step, halves[1]);
+            if constexpr (SIZE == 4) {
+                pack = __builtin_shufflevector(halves[0], halves[1], 0, 1, 2, 3);
+            } else {
+                pack = __builtin_shufflevector(halves[0], halves[1], 0, 1, 2, 3, 4, 5, 6, 7);
+            }
+        }
+    }
+    /// Writes them back.
+    template <int CHUNK, int SIZE>
+    QV_INLINE static void scatter(const typename QV_PackType<SIZE>::Real& pack, double* to,
+                                  unsigned long step)
+    {
+        if constexpr (CHUNK == SIZE) {
+            __builtin_memcpy(to, &pack, sizeof(pack));
+        } else {
+            typename QV_PackType<SIZE / 2>::Real halves[2];
+            if constexpr (SIZE == 4) {
+                halves[0] = __builtin_shufflevector(pack, pack, 0, 1);
+                halves[1] = __builtin_shufflevector(pack, pack, 2, 3);
+            } else {
+                halves[0] = __builtin_shufflevector(pack, pack, 0, 1, 2, 3);
+                halves[1] = __builtin_shufflevector(pack, pack, 4, 5, 6, 7);
+            }
+            scatter<CHUNK, SIZE / 2>(halves[0], to, step);
+            scatter<CHUNK, SIZE / 2>(halves[1], to + SIZE / 2 / CHUNK * step, step);
+        }
+    }
+    /// The odd numbers of `a` for the even ones of `b`.
+    QV_INLINE static void exchangeOnes(Real& a, Real& b)
+    {
+        const Real old = a;
+        if constexpr (W == 2) {
+            a = __builtin_shufflevector(old, b, 0, 2);
+            b = __builtin_shufflevector(old, b, 1, 3);
+        } else if constexpr (W == 4) {
+            a = __builtin_shufflevector(old, b, 0, 4, 2, 6);
+            b = __builtin_shufflevector(old, b, 1, 5, 3, 7);
+        } else {
+            a = __builtin_shufflevector(old, b, 0, 8, 2, 10, 4, 12, 6, 14);
+            b = __builtin_shufflevector(old, b, 1, 9, 3, 11, 5, 13, 7, 15);
+        }
+    }
+    /// The odd pairs of `a` for the even ones of `b`, of packs of 8.
+    QV_INLINE static void exchangeTwos(Real& a, Real& b)
+    {
+        const Real old = a;
+        a = __builtin_shufflevector(old, b, 0, 1, 8, 9, 4, 5, 12, 13);
+        b = __builtin_shufflevector(old, b, 2, 3, 10, 11, 6, 7, 14, 15);
     }
 };
 

@@ -144,6 +144,19 @@ struct Matter
         formTables();
     }
 
+    /// Physical, and no transitions but between levels of two parities: bit a of `parities` is that of
+    /// level a. The third-order term of 4 levels is that of one component, 0.
+    void makeTwoParities(unsigned long parities)
+    {
+        for (unsigned long i = 0; i < m * n * n; ++i) {
+            if (((parities >> (i / n % n) ^ parities >> (i % n)) & 1UL) == 0) {
+                P[i] = 0.0;
+            }
+        }
+        third.assign(third.size(), 0.0);
+        makePhysical();
+    }
+
     /// Relaxation that changes nothing.
     void makeLossless()
     {
@@ -397,6 +410,32 @@ void expectPlainBits(const Matter& matter, const Mesh& mesh)
         }
     }
 }
+
+/// Step after step: the first one leaves the density as relaxation makes it, upper half from lower.
+void expectPlainBitsOverSteps(const Matter& matter, Mesh mesh)
+{
+    for (int i = 0; i < 4; ++i) {
+        expectPlainBits(matter, mesh);
+        mesh = advanced(matter, mesh);
+    }
+}
+
+/// Atoms with each number of levels in each way of two parities, as relaxation leaves them.
+template <typename Body>
+void eachTwoParities(const Body& body)
+{
+    for (unsigned long n = 2; n <= 4; ++n) {
+        for (unsigned long parities = 2; parities < (1UL << n); parities += 2) {
+            Matter matter(n, 1, n);
+            matter.makeTwoParities(parities);
+            body(matter, advanced(matter, Mesh::random(matter, 19, parities, true)));
+        }
+    }
+}
+
+constexpr double oddNumbers[] = {
+    0.0,   -0.0,  5e-324, -1e-310, 1e-160,  1e59, -1e61, 1e77, 1e102,    1e103,     -1e110,
+    1e150, 1e155, 1e200,  -1e305,  1.7e308, 1.0,  -2.0,  0.5,  infinite, -infinite, notANumber};
 
 } // namespace
 
@@ -666,6 +705,186 @@ TEST(QV_SplitKernel, ANotANumberAnywhereGivesTheBitsOfThePlainFormAndStaysAtItsN
             }
             mesh.E[odd] = infinite;
             expectPlainBits(matter, mesh);
+        }
+    }
+}
+
+// ---------------------------------------------------------------- levels of two parities
+
+TEST(QV_SplitKernel, TwoParitiesGiveTheBitsOfThePlainForm)
+{
+    eachTwoParities([](Matter matter, const Mesh& mesh) {
+        for (matter.order = 0; matter.order <= 4; ++matter.order) {
+            for (const bool isShifted : {false, true}) {
+                matter.isShifted = isShifted;
+                expectPlainBitsOverSteps(matter, mesh);
+                expectPlainBitsOverSteps(matter, Mesh::random(matter, 19, 80, false));
+            }
+        }
+    });
+}
+
+TEST(QV_SplitKernel, TwoParitiesGiveTheBitsOfThePlainFormForEveryNumberOfNodes)
+{
+    eachTwoParities([](const Matter& matter, const Mesh& /*mesh*/) {
+        for (unsigned long count = 0; count <= 17; ++count) {
+            expectPlainBitsOverSteps(matter, Mesh::random(matter, count, 30 + count, true));
+        }
+    });
+}
+
+TEST(QV_SplitKernel, TwoParitiesOfAtomsAtRestGiveTheBitsOfThePlainForm)
+{
+    eachTwoParities([](Matter matter, Mesh mesh) {
+        for (const double sign : {1.0, -1.0}) {
+            mesh.rho.assign(mesh.rho.size(), sign * 0.0);
+            for (unsigned long j = 0; j < mesh.count; ++j) {
+                mesh.node(j)[0] = 1.0;
+                mesh.E[j] = j % 3 == 0 ? 0.5 : j % 3 == 1 ? 0.0 : -0.0;
+            }
+            for (matter.order = 0; matter.order < 4; ++matter.order) {
+                expectPlainBitsOverSteps(matter, mesh);
+            }
+        }
+    });
+}
+
+TEST(QV_SplitKernel, TwoParitiesGiveTheBitsOfThePlainFormWithOneOddNumberInTheDensity)
+{
+    eachTwoParities([](Matter matter, const Mesh& mesh) {
+        for (matter.order = 0; matter.order < 4; ++matter.order) {
+            for (const double odd : oddNumbers) {
+                for (unsigned long i = 0; i < 2 * matter.n * matter.n; ++i) {
+                    Mesh changed = mesh;
+                    reinterpret_cast<double*>(changed.node(i % mesh.count))[i] = odd;
+                    expectPlainBits(matter, changed);
+                }
+            }
+        }
+    });
+}
+
+TEST(QV_SplitKernel, TwoParitiesGiveTheBitsOfThePlainFormWithDensitiesOfOddNumbers)
+{
+    TestNumbers numbers(91);
+    eachTwoParities([&numbers](Matter matter, Mesh mesh) {
+        for (matter.order = 0; matter.order < 4; ++matter.order) {
+            for (Complex& value : mesh.rho) {
+                value = {numbers.nextOdd(), numbers.nextOdd()};
+            }
+            for (double& value : mesh.E) {
+                value = numbers.nextOdd();
+            }
+            expectPlainBitsOverSteps(matter, mesh);
+        }
+    });
+}
+
+TEST(QV_SplitKernel, TwoParitiesGiveTheBitsOfThePlainFormWhileTheDensityDiverges)
+{
+    eachTwoParities([](Matter matter, const Mesh& mesh) {
+        for (matter.order = 0; matter.order < 4; ++matter.order) {
+            Mesh changed = mesh;
+            for (double& value : matter.expA) {
+                value *= 1e40;
+            }
+            for (int i = 0; i < 10; ++i) { // some nodes later than others
+                changed.node(2)[1] *= 1e30;
+                expectPlainBits(matter, changed);
+                changed = advanced(matter, changed);
+            }
+        }
+    });
+}
+
+TEST(QV_SplitKernel, TwoParitiesGiveTheBitsOfThePlainFormInOddFields)
+{
+    eachTwoParities([](Matter matter, const Mesh& mesh) {
+        for (matter.order = 0; matter.order < 4; ++matter.order) {
+            for (const double odd : oddNumbers) {
+                Mesh changed = mesh;
+                changed.E[3] = odd;
+                expectPlainBits(matter, changed);
+                changed.E.assign(changed.E.size(), odd);
+                expectPlainBits(matter, changed);
+            }
+        }
+    });
+}
+
+TEST(QV_SplitKernel, TwoParitiesGiveTheBitsOfThePlainFormForOddSteps)
+{
+    eachTwoParities([](Matter matter, const Mesh& mesh) {
+        for (const double odd : oddNumbers) {
+            matter.tau = odd;
+            expectPlainBits(matter, mesh);
+            Mesh dark = mesh;
+            dark.E.assign(dark.E.size(), 0.0);
+            expectPlainBits(matter, dark);
+        }
+    });
+}
+
+TEST(QV_SplitKernel, TwoParitiesGiveTheBitsOfThePlainFormWithOneOddNumberInATable)
+{
+    eachTwoParities([](const Matter& matter, const Mesh& mesh) {
+        for (const double odd : oddNumbers) {
+            for (unsigned long i = 0; i < matter.n * matter.n; ++i) {
+                Matter changed = matter;
+                changed.isShifted = true;
+                changed.P[i] = odd; // with the tables of another one
+                expectPlainBits(changed, mesh);
+                changed.formTables();
+                expectPlainBits(changed, mesh);
+                changed = matter;
+                changed.expA[i] = odd;
+                expectPlainBits(changed, mesh);
+                changed = matter;
+                changed.decay[i] = {odd, 1.0};
+                expectPlainBits(changed, mesh);
+                changed.decay[i] = {1.0, odd};
+                expectPlainBits(changed, mesh);
+                changed = matter;
+                changed.products2[i] = odd;
+                expectPlainBits(changed, mesh);
+                changed = matter;
+                changed.third[i] = odd;
+                expectPlainBits(changed, mesh);
+            }
+            Matter changed = matter;
+            changed.isShifted = true;
+            changed.rhoE[1] = odd;
+            expectPlainBitsOverSteps(changed, mesh);
+            for (std::vector<double> Matter::*const traces :
+                 {&Matter::traces2, &Matter::traces3, &Matter::traces4}) {
+                changed = matter;
+                (changed.*traces)[0] = odd;
+                expectPlainBits(changed, mesh);
+            }
+        }
+    });
+}
+
+TEST(QV_SplitKernel, TwoParitiesGiveTheBitsOfThePlainFormWhereThePropagatorHasAPole)
+{
+    eachTwoParities([](Matter matter, Mesh mesh) {
+        matter.tau = 2.0;
+        mesh.E[4] = 1.0;
+        for (const double trace : {-2.0, -2.0 * (1.0 + 1e-15), -2.0 * (1.0 - 1e-15)}) {
+            matter.traces2[0] = trace; // 1 - d is zero, or nearly
+            matter.traces4[0] = -2.0;  // 1 - d + f - g / 4 with it
+            expectPlainBits(matter, mesh);
+        }
+    });
+}
+
+TEST(QV_SplitKernel, TwoParitiesInTwoComponentsGiveTheBitsOfThePlainForm)
+{
+    for (unsigned long n = 2; n <= 4; ++n) {
+        for (unsigned long parities = 2; parities < (1UL << n); parities += 2) {
+            Matter matter(n, 2, n);
+            matter.makeTwoParities(parities);
+            expectPlainBitsOverSteps(matter, Mesh::random(matter, 19, parities, true));
         }
     }
 }
