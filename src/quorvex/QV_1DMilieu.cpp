@@ -29,9 +29,7 @@ GEO_Vertex* appendNodes(GEO_Polygon& polygon, long first, long last, double cell
 {
     GEO_Vertex* end = nullptr;
     for (long i = first; i <= last; ++i) {
-        const COM_Scoped point(GEO_Point::New());
-        point->setDimension(1);
-        point->setValue(0, static_cast<double>(i) * cell);
+        const COM_Scoped point(GEO_Point::New(static_cast<double>(i) * cell));
         const COM_Scoped vertex(GEO_Vertex::New(i));
         vertex->setPoint(*point);
         polygon.cat(*vertex);
@@ -169,7 +167,7 @@ void QV_1DMilieu::addToCaptors(int index, double position)
 
 void QV_1DMilieu::createSavingVertices()
 {
-    const COM_Scoped vertices(COM_Array<GEO_Vertex>::New());
+    const COM_Scoped vertices(COM_Array<GEO_Vertex>::New(false)); // the mesh holds them
     getVertices(*vertices);
     const unsigned long n = vertices->size();
     if (n >= 2) {

@@ -38,15 +38,45 @@ void forEachEdge(const COM_Map<std::string, GEO_Volume>& volumes, Visit visit)
     }
 }
 
+template <typename T>
+bool isBefore(const T* a, const T* b)
+{
+    return a->getLocationNumber() < b->getLocationNumber();
+}
+
+/// The largest location number, or -1 when one of `found` has none.
+template <typename T>
+long largestLocation(const std::vector<T*>& found)
+{
+    long largest = -1;
+    for (const T* object : found) {
+        const long number = object->getLocationNumber();
+        if (number < 0) {
+            return -1;
+        }
+        largest = std::max(largest, number);
+    }
+    return largest;
+}
+
 /// Fills `out` with `found` in ascending order of location numbers, the last of equal numbers only.
 template <typename T>
 void sortByLocation(std::vector<T*>& found, COM_Array<T>& out)
 {
-    const auto isBefore = [](const T* a, const T* b) {
-        return a->getLocationNumber() < b->getLocationNumber();
-    };
-    std::stable_sort(found.begin(), found.end(), isBefore);
     out.setSize(0);
+    const long largest = largestLocation(found);
+    if (largest >= 0 && static_cast<std::size_t>(largest) < found.size()) {
+        // The numbers of a mesh have no gaps: each is the place of its object.
+        std::vector<T*> places(static_cast<std::size_t>(largest) + 1, nullptr);
+        for (T* object : found) {
+            places[static_cast<std::size_t>(object->getLocationNumber())] = object;
+        }
+        for (T* object : places) {
+            out.add(object);
+        }
+        return;
+    }
+    std::stable_sort(found.begin(), found.end(), isBefore<T>);
     for (std::size_t i = 0; i < found.size(); ++i) {
         if (i + 1 == found.size() || isBefore(found[i], found[i + 1])) {
             out.add(found[i]);
@@ -109,7 +139,7 @@ void QV_Milieu::getLines(COM_Array<GEO_Line>& lines) const
 
 GEO_Vertex* QV_Milieu::getVertex(unsigned char which) const
 {
-    const COM_Scoped vertices(COM_Array<GEO_Vertex>::New());
+    const COM_Scoped vertices(COM_Array<GEO_Vertex>::New(false)); // the mesh holds them
     getVertices(*vertices);
     const unsigned long n = vertices->size();
     unsigned long index = 0;
@@ -147,7 +177,7 @@ double QV_Milieu::getCellLength()
 
 bool QV_Milieu::isMeshed() const
 {
-    const COM_Scoped vertices(COM_Array<GEO_Vertex>::New());
+    const COM_Scoped vertices(COM_Array<GEO_Vertex>::New(false)); // the mesh holds them
     getVertices(*vertices);
     return vertices->size() >= fewestNodes && getBoundaryLocation(FIRST_NODE) >= 0
            && getBoundaryLocation(LAST_NODE) >= 0;
@@ -205,7 +235,7 @@ void QV_Milieu::adimensionize(double scale)
     if (scale == 0.0) {
         return;
     }
-    const COM_Scoped vertices(COM_Array<GEO_Vertex>::New());
+    const COM_Scoped vertices(COM_Array<GEO_Vertex>::New(false)); // the mesh holds them
     getVertices(*vertices);
     for (unsigned long i = 0; i < vertices->size(); ++i) {
         if (GEO_Point* const point = (*vertices)[i].getPoint()) {

@@ -134,6 +134,14 @@ TEST_F(QV_MilieuTest, NodesAndLinesComeInAscendingOrderEachOnceWhateverTheOrderO
     EXPECT_EQ(lines(), (Numbers{0, 1, 2, 3, 4, 5, 6, 7}));
 }
 
+TEST_F(QV_MilieuTest, NumbersFarApartComeInAscendingOrderToo)
+{
+    addZone("a", {1000000, 1000001, 1000002});
+    addZone("b", {1, 2, 3});
+    EXPECT_EQ(vertices(), (Numbers{1, 2, 3, 1000000, 1000001, 1000002}));
+    EXPECT_EQ(lines(), (Numbers{1, 2, 1000000, 1000001}));
+}
+
 TEST_F(QV_MilieuTest, AChainOfTwoZonesGivesItsNodesOnce)
 {
     const COM_Scoped polygon(GEO_Polygon::New());
