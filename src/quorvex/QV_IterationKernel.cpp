@@ -1,5 +1,6 @@
 #include "quorvex/QV_IterationKernel.h"
 
+#include "quorvex/QV_HermitianBlock.h"
 #include "quorvex/QV_Inline.h"
 #include "quorvex/QV_Pack.h"
 #include "quorvex/QV_PackComplex.h"
@@ -26,6 +27,11 @@ struct Call
     const double* mHalfNu; ///< (dt / 2) times decay and rotation of the coherences, complex
     const double* mPNu;    ///< P[b][k] Nu[k][b], complex
     double* mWork; ///< Densities of the plain form, when the level count is not known to it.
+
+    bool mIsSymmetric;           ///< Hermitian densities stay so, see isSymmetric().
+    unsigned long mTransitions;  ///< Bit a n + c: the dipole couples levels a and c.
+    unsigned long mLongitudinal; ///< Bit a n + c: W[a][c] is not zero.
+    unsigned long mOperator;     ///< Bit a n + c: D[a][c] is not zero.
 };
 
 constexpr unsigned long densitiesInWork = 4; ///< rho, R, Rp and their sum.
@@ -305,8 +311,350 @@ QV_INLINE void updateDiagonal(const Call& call, Block<W, N>& block,
     residual = sum;
 }
 
+// ---------------------------------------------------------------- Hermitian densities
+
+// The loops over levels are unrolled, so that the iterates of two levels stay in registers.
+
+/// Whether an entry of an N by N table is not zero.
+template <int N>
+QV_INLINE bool isSet(unsigned long entries, unsigned long a, unsigned long c)
+{
+    return (entries >> (a * N + c) & 1) != 0;
+}
+
+/// Whether the dipole couples two levels. The only two are taken to be coupled.
+template <int N>
+QV_INLINE bool isCoupled(const Call& call, unsigned long a, unsigned long c)
+{
+    return N == 2 || isSet<N>(call.mTransitions, a, c);
+}
+
+/// A sum of terms may start from -0.0: it then takes no operation to add the first of them.
+template <typename Real>
+QV_INLINE void clear(Real& sum)
+{
+    sum = -Real{};
+}
+
+/// C[a][c] of a coherence, c < a. The imaginary part, which populations have no share in, is 0 for two levels.
+template <int W, int N>
+QV_INLINE void commutator(const Call& call, const QV_HermitianBlock<W, N>& block, unsigned long a,
+                          unsigned long c, QV_PackComplex<typename QV_Pack<W>::Real>& C)
+{
+    using Block = QV_HermitianBlock<W, N>;
+    using Real = typename Block::Real;
+    const double* const P = call.mAtoms->mPs;
+    clear(C.mRe);
+    clear(C.mIm);
+#pragma GCC unroll 4
+    for (unsigned long k = 0; k < N; ++k) {
+        if (k == c) {
+            if (isCoupled<N>(call, a, c)) {
+                C.mRe += P[a * N + c] * block.mSum.mPopulations[c];
+            }
+            continue;
+        }
+        if (k == a) {
+            if (isCoupled<N>(call, a, c)) {
+                C.mRe -= P[a * N + c] * block.mSum.mPopulations[a];
+            }
+            continue;
+        }
+        // P[a][k] S[k][c] - P[k][c] S[a][k]. The imaginary part changes its sign with k < c in the first
+        // term and with a < k in the second.
+        const auto& kc = block.mSum.mCoherences[Block::pair(k, c)];
+        const auto& ak = block.mSum.mCoherences[Block::pair(a, k)];
+        const bool isFirst = isCoupled<N>(call, a, k);
+        const bool isSecond = isCoupled<N>(call, k, c);
+        if (isFirst && isSecond) {
+            C.mRe += P[a * N + k] * kc.mRe - P[k * N + c] * ak.mRe;
+            const Real first = P[a * N + k] * kc.mIm;
+            const Real second = P[k * N + c] * ak.mIm;
+            if (k < c) {
+                C.mIm -= first + second;
+            } else if (k < a) {
+                C.mIm += first - second;
+            } else {
+                C.mIm += first + second;
+            }
+        } else if (isFirst) {
+            C.mRe += P[a * N + k] * kc.mRe;
+            if (k < c) {
+                C.mIm -= P[a * N + k] * kc.mIm;
+            } else {
+                C.mIm += P[a * N + k] * kc.mIm;
+            }
+        } else if (isSecond) {
+            C.mRe -= P[k * N + c] * ak.mRe;
+            if (k < a) {
+                C.mIm -= P[k * N + c] * ak.mIm;
+            } else {
+                C.mIm += P[k * N + c] * ak.mIm;
+            }
+        }
+    }
+}
+
+/// Im C[a][a] = 2 sum over k of P[a][k] Im S[k][a] of the density `S`, for all levels. The real part is 0.
+/// Doubled term by term: a doubled sum could overflow elsewhere.
+template <int W, int N>
+QV_INLINE void populationFluxes(const Call& call, const typename QV_HermitianBlock<W, N>::State& S,
+                                typename QV_Pack<W>::Real (&fluxes)[N])
+{
+    using Block = QV_HermitianBlock<W, N>;
+    using Real = typename Block::Real;
+    const double* const P = call.mAtoms->mPs;
+#pragma GCC unroll 4
+    for (unsigned long a = 0; a < N; ++a) {
+        clear(fluxes[a]);
+#pragma GCC unroll 4
+        for (unsigned long k = 0; k < N; ++k) {
+            if (k != a && isCoupled<N>(call, a, k)) {
+                const Real half = P[a * N + k] * S.mCoherences[Block::pair(a, k)].mIm;
+                if (k < a) {
+                    fluxes[a] -= half + half;
+                } else {
+                    fluxes[a] += half + half;
+                }
+            }
+        }
+    }
+}
+
+/// (R - Rp)^2 of a population on top of `sum`.
+template <int W, int N>
+QV_INLINE void addPopulationResidual(const QV_HermitianBlock<W, N>& block, unsigned long a,
+                                     typename QV_Pack<W>::Real& sum)
+{
+    const auto change = block.mIterate.mPopulations[a] - block.mPrevious.mPopulations[a];
+    sum += change * change;
+}
+
+/// 2 |R - Rp|^2 of a coherence on top of `sum`.
+template <int W, int N>
+QV_INLINE void addCoherenceResidual(const QV_HermitianBlock<W, N>& block, unsigned long a,
+                                    unsigned long c, typename QV_Pack<W>::Real& sum)
+{
+    const unsigned long i = QV_HermitianBlock<W, N>::pair(a, c);
+    const auto re = block.mIterate.mCoherences[i].mRe - block.mPrevious.mCoherences[i].mRe;
+    const auto im = block.mIterate.mCoherences[i].mIm - block.mPrevious.mCoherences[i].mIm;
+    sum += 2.0 * (re * re + im * im);
+}
+
+/// updateCrank() for one coherence of the lower triangle.
+template <int W, int N>
+QV_INLINE void updateCrankCoherence(const Call& call, QV_HermitianBlock<W, N>& block,
+                                    unsigned long a, unsigned long c)
+{
+    using Block = QV_HermitianBlock<W, N>;
+    using Real = typename Block::Real;
+    const unsigned long i = Block::pair(a, c);
+    const Real& E = block.mEntry.mE;
+    QV_PackComplex<Real> C;
+    commutator(call, block, a, c, C);
+    const auto& s = block.mSum.mCoherences[i];
+    const double nuRe = call.mAtoms->mNu[2 * (a * N + c)];
+    const double nuIm = call.mAtoms->mNu[2 * (a * N + c) + 1];
+    Real loss = nuRe * s.mRe - nuIm * s.mIm;
+    if constexpr (N > 2) {
+        loss = E * C.mIm + loss;
+    }
+    block.mIterate.mCoherences[i].mRe = block.mEntry.mCoherences[i].mRe - call.mHalf * loss;
+    block.mIterate.mCoherences[i].mIm =
+        block.mEntry.mCoherences[i].mIm + call.mHalf * (E * C.mRe - (nuRe * s.mIm + nuIm * s.mRe));
+}
+
+/// updateCrank() on the lower triangle.
+template <int W, int N>
+QV_INLINE void updateCrank(const Call& call, QV_HermitianBlock<W, N>& block,
+                           typename QV_Pack<W>::Real& residual)
+{
+    using Real = typename QV_Pack<W>::Real;
+    Real fluxes[N];
+    populationFluxes<W, N>(call, block.mSum, fluxes);
+#pragma GCC unroll 4
+    for (unsigned long a = 0; a < N; ++a) {
+#pragma GCC unroll 4
+        for (unsigned long c = 0; c < a; ++c) {
+            updateCrankCoherence(call, block, a, c);
+        }
+    }
+#pragma GCC unroll 4
+    for (unsigned long a = 0; a < N; ++a) {
+        Real gain;
+        clear(gain);
+#pragma GCC unroll 4
+        for (unsigned long k = 0; k < N; ++k) {
+            if (isSet<N>(call.mOperator, a, k)) {
+                gain += call.mHalfD[a * N + k] * block.mSum.mPopulations[k];
+            }
+        }
+        const Real turned =
+            block.mEntry.mPopulations[a] - call.mHalf * (block.mEntry.mE * fluxes[a]);
+        block.mIterate.mPopulations[a] = turned + gain;
+    }
+    Real sum;
+    clear(sum);
+#pragma GCC unroll 4
+    for (unsigned long a = 0; a < N; ++a) {
+        addPopulationResidual(block, a, sum);
+#pragma GCC unroll 4
+        for (unsigned long c = 0; c < a; ++c) {
+            addCoherenceResidual(block, a, c, sum);
+        }
+    }
+    residual = call.mDz2 * sum;
+}
+
+/// polarizationStep() on the lower triangle. The terms of [a][k] and [k][a] are equal, and added one by one.
 template <Scheme S, int W, int N>
-QV_INLINE void update(const Call& call, Block<W, N>& block, typename Block<W, N>::Real& residual)
+QV_INLINE void polarizationStep(const Call& call, const QV_HermitianBlock<W, N>& block,
+                                typename QV_Pack<W>::Real& T)
+{
+    using Block = QV_HermitianBlock<W, N>;
+    using Real = typename Block::Real;
+    clear(T);
+#pragma GCC unroll 4
+    for (unsigned long a = 0; a < N; ++a) {
+#pragma GCC unroll 4
+        for (unsigned long k = 0; k < N; ++k) {
+            if (k == a || !isCoupled<N>(call, a, k)) {
+                continue;
+            }
+            const unsigned long i = Block::pair(a, k);
+            const unsigned long upper = a < k ? a * N + k : k * N + a;
+            if constexpr (S == Scheme::ZIOLKO) {
+                const auto& s = block.mSum.mCoherences[i];
+                const double* const pNu = call.mPNu + 2 * upper;
+                T += (pNu[0] * s.mRe - pNu[1] * s.mIm) * call.mDt * 0.5;
+            } else {
+                const Real change =
+                    block.mIterate.mCoherences[i].mRe - block.mEntry.mCoherences[i].mRe;
+                T += call.mAtoms->mPs[upper] * change;
+            }
+        }
+    }
+}
+
+/// What relaxation adds to the population of level a, but for D[a][a] in P and ZIOLKO.
+template <Scheme S, int W, int N>
+QV_INLINE void populationGain(const Call& call, const QV_HermitianBlock<W, N>& block,
+                              unsigned long a, typename QV_Pack<W>::Real& gain)
+{
+    clear(gain);
+#pragma GCC unroll 4
+    for (unsigned long k = 0; k < N; ++k) {
+        const auto& s = block.mSum.mPopulations[k];
+        if constexpr (S == Scheme::PRED_CORR) {
+            // The term of k = a is 0.
+            if (k != a && isSet<N>(call.mLongitudinal, a, a)) {
+                gain += call.mAtoms->mW[a * N + k] * s
+                        - call.mAtoms->mW[a * N + a] * block.mSum.mPopulations[a];
+            } else if (k != a && isSet<N>(call.mLongitudinal, a, k)) {
+                gain += call.mAtoms->mW[a * N + k] * s;
+            }
+        } else if (isSet<N>(call.mLongitudinal, a, k)) {
+            gain += call.mHalfW[a * N + k] * s;
+        }
+    }
+    if constexpr (S == Scheme::PRED_CORR) {
+        gain = gain * call.mDt * 0.5;
+    }
+}
+
+/// updateCoupled() for one coherence of the lower triangle, `g` being dt / 4 times the sum of the fields.
+template <int W, int N>
+QV_INLINE void updateCoupledCoherence(const Call& call, QV_HermitianBlock<W, N>& block,
+                                      const typename QV_Pack<W>::Real& g, unsigned long a,
+                                      unsigned long c)
+{
+    using Block = QV_HermitianBlock<W, N>;
+    using Real = typename Block::Real;
+    const unsigned long i = Block::pair(a, c);
+    QV_PackComplex<Real> C;
+    commutator(call, block, a, c, C);
+    const auto& s = block.mSum.mCoherences[i];
+    const double zRe = call.mHalfNu[2 * (a * N + c)];
+    const double zIm = call.mHalfNu[2 * (a * N + c) + 1];
+    Real turned = block.mEntry.mCoherences[i].mRe;
+    if constexpr (N > 2) {
+        turned = turned - g * C.mIm;
+    }
+    block.mIterate.mCoherences[i].mRe = turned - (zRe * s.mRe - zIm * s.mIm);
+    block.mIterate.mCoherences[i].mIm =
+        (block.mEntry.mCoherences[i].mIm + g * C.mRe) - (zRe * s.mIm + zIm * s.mRe);
+}
+
+/// updateCoupled() on the lower triangle.
+template <Scheme S, int W, int N>
+QV_INLINE void updateCoupled(const Call& call, QV_HermitianBlock<W, N>& block,
+                             typename QV_Pack<W>::Real& residual)
+{
+    using Real = typename QV_Pack<W>::Real;
+    Real T;
+    polarizationStep<S>(call, block, T);
+    block.mIterate.mE = (block.mEntry.mE - T * call.mAtoms->mDzeta) + block.mAux;
+    const Real g = (call.mDt * 0.25) * (block.mPrevious.mE + block.mEntry.mE);
+
+    Real fluxes[N];
+    populationFluxes<W, N>(call, block.mSum, fluxes);
+#pragma GCC unroll 4
+    for (unsigned long a = 0; a < N; ++a) {
+#pragma GCC unroll 4
+        for (unsigned long c = 0; c < a; ++c) {
+            updateCoupledCoherence(call, block, g, a, c);
+        }
+    }
+#pragma GCC unroll 4
+    for (unsigned long a = 0; a < N; ++a) {
+        Real gain;
+        populationGain<S>(call, block, a, gain);
+        Real change = gain - g * fluxes[a];
+        if (S != Scheme::PRED_CORR && isSet<N>(call.mOperator, a, a)) {
+            change = change + call.mHalfD[a * N + a] * block.mSum.mPopulations[a];
+        }
+        block.mIterate.mPopulations[a] = change + block.mEntry.mPopulations[a];
+    }
+
+    Real sum;
+    clear(sum);
+#pragma GCC unroll 4
+    for (unsigned long c = 0; c + 1 < N; ++c) {
+        addCoherenceResidual(block, N - 1, c, sum);
+    }
+    addPopulationResidual(block, N - 1, sum);
+    const Real change = block.mPrevious.mE - block.mIterate.mE;
+    residual = (change * change + sum) * call.mDz2;
+}
+
+/// updateDiagonal() on the lower triangle.
+template <int W, int N>
+QV_INLINE void updateDiagonal(const Call& call, QV_HermitianBlock<W, N>& block,
+                              typename QV_Pack<W>::Real& residual)
+{
+    using Real = typename QV_Pack<W>::Real;
+    const Real fields = block.mAux + block.mEntry.mE;
+    Real fluxes[N];
+    populationFluxes<W, N>(call, block.mEntry, fluxes);
+    clear(residual);
+#pragma GCC unroll 4
+    for (unsigned long a = 0; a < N; ++a) {
+        Real gain;
+        clear(gain);
+#pragma GCC unroll 4
+        for (unsigned long k = 0; k < N; ++k) {
+            if (isSet<N>(call.mOperator, a, k)) {
+                gain += block.mSum.mPopulations[k] * call.mAtoms->mD[a * N + k];
+            }
+        }
+        block.mIterate.mPopulations[a] =
+            block.mEntry.mPopulations[a] + call.mHalf * (gain - fields * fluxes[a]);
+        addPopulationResidual(block, a, residual);
+    }
+}
+
+template <Scheme S, typename AnyBlock>
+QV_INLINE void update(const Call& call, AnyBlock& block, typename AnyBlock::Real& residual)
 {
     if constexpr (S == Scheme::CRANK) {
         updateCrank(call, block, residual);
@@ -366,6 +714,73 @@ QV_INLINE bool iterate(const Call& call, const Nodes& nodes, unsigned long first
     return true;
 }
 
+/// The same for Hermitian densities. False also when a density is not Hermitian or does not stay finite.
+template <Scheme S, int W, int N>
+QV_INLINE bool iterateHermitian(const Call& call, const Nodes& nodes, unsigned long first,
+                                double& norm0)
+{
+    using Pack = QV_Pack<W>;
+    using Mask = typename Pack::Mask;
+    constexpr unsigned long size = 2UL * N * N;
+    const QV_Atoms& atoms = *call.mAtoms;
+    QV_HermitianBlock<W, N> block;
+    Mask refused;
+    block.load(nodes.mRho + size * first, nodes.mE + first,
+               nodes.mAux != nullptr ? nodes.mAux + first : nullptr, refused);
+    if (Pack::bits(refused != 0) != 0) {
+        return false;
+    }
+
+    typename Pack::Real firstResidual{};
+    typename Pack::Real residual{};
+    Mask active;
+    Pack::setAll(active);
+    Mask iterations{};
+    unsigned long activeBits = Pack::ALL_BITS;
+    unsigned long iteration = 0;
+    do {
+        ++iteration;
+        block.turn();
+        update<S>(call, block, residual);
+        if (iteration == 1) {
+            firstResidual = residual;
+            Mask entered = atoms.mConvergence * firstResidual < 1.0;
+            Mask last{}; // what the last node leaves is the next one's affair
+            last[W - 1] = -1;
+            if (Pack::bits(entered | last) != Pack::ALL_BITS) {
+                return false;
+            }
+        }
+        Mask now = active & (atoms.mConvergence * firstResidual < residual);
+        if (iteration == atoms.mIterationsMax) {
+            now = Mask{};
+        }
+        const unsigned long bits = Pack::bits(now);
+        if (bits != activeBits) {
+            const Mask ended = active ^ now;
+            block.keep(ended);
+            iterations |= ended & static_cast<long>(iteration);
+        }
+        active = now;
+        activeBits = bits;
+    } while (activeBits != 0);
+
+    if (!block.isKeptFinite()) {
+        return false;
+    }
+    norm0 = Pack::get(firstResidual, W - 1);
+    if constexpr (S == Scheme::RELAX_DIAG) {
+        block.storePopulations(nodes.mRho + size * first);
+    } else {
+        block.storeDensities(nodes.mRho + size * first);
+    }
+    if constexpr (S != Scheme::RELAX_DIAG && S != Scheme::CRANK) {
+        block.storeField(nodes.mE + first);
+    }
+    Pack::storeRow(iterations, nodes.mIterations + first);
+    return true;
+}
+
 /// The plain form: node by node, for any number of levels. Not inlined, so that it exists once.
 template <Scheme S>
 [[gnu::noinline]] void iterateOneByOne(const Call& call, const Nodes& nodes, unsigned long first,
@@ -387,6 +802,9 @@ QV_INLINE void advanceNodes(const Call& call, const Nodes& nodes)
     unsigned long node = 0;
     for (; node + W <= nodes.mCount; node += W) {
         const bool isSafe = call.mAtoms->mIterationsMax > 0 && isEntered(*call.mAtoms, norm0);
+        if (isSafe && call.mIsSymmetric && iterateHermitian<S, W, N>(call, nodes, node, norm0)) {
+            continue;
+        }
         if (!isSafe || !iterate<S, W, N>(call, nodes, node, norm0)) {
             iterateOneByOne<S>(call, nodes, node, node + W, norm0);
         }
@@ -480,6 +898,39 @@ void advanceBaseline(Scheme scheme, const Call& call, const Nodes& nodes)
 }
 #endif
 
+/// True when densities stay Hermitian and populations real: the dipole is symmetric and couples no level to
+/// itself, coherences [a][c] and [c][a] decay and turn as conjugates, populations do neither.
+bool isSymmetric(const QV_Atoms& atoms, const double* pNu)
+{
+    const unsigned long n = atoms.mLevels;
+    const auto isConjugate = [](const double* a, const double* b) {
+        return a[0] == b[0] && a[1] == -b[1];
+    };
+    bool result = true;
+    for (unsigned long a = 0; a < n; ++a) {
+        const unsigned long aa = a * n + a;
+        result = result && atoms.mPs[aa] == 0.0 && pNu[2 * aa] == 0.0 && pNu[2 * aa + 1] == 0.0
+                 && atoms.mNu[2 * aa] == 0.0 && atoms.mNu[2 * aa + 1] == 0.0;
+        for (unsigned long c = 0; c < a; ++c) {
+            const unsigned long ac = a * n + c;
+            const unsigned long ca = c * n + a;
+            result =
+                result && atoms.mPs[ac] == atoms.mPs[ca] && isConjugate(pNu + 2 * ac, pNu + 2 * ca);
+        }
+    }
+    return result;
+}
+
+/// Bit i: entry i of a table of at most four levels is not zero.
+unsigned long entries(const double* table, unsigned long levels)
+{
+    unsigned long bits = 0;
+    for (unsigned long i = 0; levels <= 4 && i < levels * levels; ++i) {
+        bits |= static_cast<unsigned long>(table[i] != 0.0) << i;
+    }
+    return bits;
+}
+
 } // namespace
 
 unsigned long QV_IterationKernel::advance(QV_InstructionSet::Level level, Scheme scheme,
@@ -510,7 +961,19 @@ unsigned long QV_IterationKernel::advance(QV_InstructionSet::Level level, Scheme
             pNu[2 * i + 1] = atoms.mPs[i] * atoms.mNu[2 * t + 1];
         }
     }
-    const Call call{&atoms, dt, dz2, half, halfD, halfW, halfNu, pNu, pNu + 2 * size};
+    const Call call{&atoms,
+                    dt,
+                    dz2,
+                    half,
+                    halfD,
+                    halfW,
+                    halfNu,
+                    pNu,
+                    pNu + 2 * size,
+                    isSymmetric(atoms, pNu),
+                    entries(atoms.mPs, atoms.mLevels),
+                    entries(atoms.mW, atoms.mLevels),
+                    entries(atoms.mD, atoms.mLevels)};
     switch (level) {
     case QV_InstructionSet::PLAIN:
         advancePlainScheme(scheme, call, nodes);

@@ -67,6 +67,44 @@ struct QV_Pack
         }
     }
 
+    /// The mask as one number, of which each lane has 64 / W bits.
+    static constexpr unsigned long ALL_BITS = ~0UL;
+    QV_INLINE static unsigned long bits(const Mask& mask)
+    {
+        unsigned long number = 0;
+        if constexpr (W == 2) {
+            using Small = int __attribute__((vector_size(2 * sizeof(int))));
+            const Small small = __builtin_convertvector(mask, Small);
+            __builtin_memcpy(&number, &small, sizeof(number));
+        } else if constexpr (W == 4) {
+            using Halves = int __attribute__((vector_size(8 * sizeof(int))));
+            const Halves halves = reinterpret_cast<Halves>(mask);
+            const auto low = __builtin_shufflevector(halves, halves, 0, 2, 4, 6);
+            unsigned long parts[2];
+            __builtin_memcpy(parts, &low, sizeof(parts));
+            number = (parts[0] & 0x0000ffff0000ffffUL) | (parts[1] & 0xffff0000ffff0000UL);
+        } else {
+            using Small = signed char __attribute__((vector_size(8)));
+            const Small small = __builtin_convertvector(mask, Small);
+            __builtin_memcpy(&number, &small, sizeof(number));
+        }
+        return number;
+    }
+
+    /// Numbers of W neighbouring nodes.
+    QV_INLINE static void loadRow(const double* from, Real& pack)
+    {
+        __builtin_memcpy(&pack, from, sizeof(Real));
+    }
+    QV_INLINE static void storeRow(const Real& pack, double* to)
+    {
+        __builtin_memcpy(to, &pack, sizeof(Real));
+    }
+    QV_INLINE static void storeRow(const Mask& pack, unsigned long* to)
+    {
+        __builtin_memcpy(to, &pack, sizeof(Mask));
+    }
+
     /// Exchanges lanes and rows of W packs.
     QV_INLINE static void transpose(Real (&rows)[W])
     {

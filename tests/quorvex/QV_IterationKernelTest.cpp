@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <complex>
 #include <cstring>
 #include <limits>
@@ -74,6 +75,33 @@ struct Matter
                 dzeta,
                 rate,
                 limit};
+    }
+
+    /// Matter as physics has it: a symmetric dipole that couples no level to itself, coherences whose decay and
+    /// rotation are conjugates. `chain` leaves the dipoles between neighbouring levels alone, and no rates but
+    /// those between neighbours.
+    static Matter symmetric(unsigned long levels, unsigned long seed, bool chain)
+    {
+        Matter matter(levels, seed);
+        for (unsigned long a = 0; a < levels; ++a) {
+            matter.P[a * levels + a] = 0.0;
+            matter.Nu[a * levels + a] = 0.0;
+            for (unsigned long c = 0; c < a; ++c) {
+                const bool isDropped = chain && a != c + 1;
+                double& dipole = matter.P[a * levels + c];
+                dipole = isDropped ? 0.0 : dipole;
+                matter.P[c * levels + a] = dipole;
+                matter.Nu[c * levels + a] = std::conj(matter.Nu[a * levels + c]);
+                if (isDropped) {
+                    matter.W[a * levels + c] = 0.0;
+                    matter.D[c * levels + a] = 0.0;
+                }
+            }
+            if (chain) {
+                matter.W[a * levels + a] = 0.0;
+            }
+        }
+        return matter;
     }
 
     unsigned long n;
@@ -160,19 +188,26 @@ bool isSame(const std::vector<T>& a, const std::vector<T>& b)
            && (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0);
 }
 
-/// Bit for bit, densities, field and iterations.
+/// Bit for bit, but for the signs of not-a-numbers.
+bool isSameNumber(double a, double b)
+{
+    return std::memcmp(&a, &b, sizeof(double)) == 0 || (std::isnan(a) && std::isnan(b));
+}
+
+/// Densities, field and iterations.
 testing::AssertionResult isSame(const Mesh& a, const Mesh& b)
 {
     if (a.iterations != b.iterations || a.largest != b.largest) {
         return testing::AssertionFailure() << "other iterations";
     }
     for (unsigned long j = 0; j < a.count; ++j) {
-        if (std::memcmp(&a.E[j], &b.E[j], sizeof(double)) != 0) {
+        if (!isSameNumber(a.E[j], b.E[j])) {
             return testing::AssertionFailure()
                    << "field at " << j << ": " << a.E[j] << ", " << b.E[j];
         }
         for (unsigned long i = j * a.n * a.n; i < (j + 1) * a.n * a.n; ++i) {
-            if (std::memcmp(&a.rho[i], &b.rho[i], sizeof(Complex)) != 0) {
+            if (!isSameNumber(a.rho[i].real(), b.rho[i].real())
+                || !isSameNumber(a.rho[i].imag(), b.rho[i].imag())) {
                 return testing::AssertionFailure()
                        << "density at " << j << ": " << a.rho[i] << ", " << b.rho[i];
             }
@@ -431,6 +466,15 @@ TEST_P(QV_IterationKernelEquations, HermitianDensitiesFollowTheEquations)
 {
     for (unsigned long n = 1; n <= 5; ++n) {
         expectEquations(Matter(n, 3), Mesh::random(n, 40, 4, true));
+    }
+}
+
+TEST_P(QV_IterationKernelEquations, SymmetricDipolesFollowTheEquations)
+{
+    for (unsigned long n = 2; n <= 5; ++n) {
+        for (const bool chain : {false, true}) {
+            expectEquations(Matter::symmetric(n, 3, chain), Mesh::random(n, 40, 4, true));
+        }
     }
 }
 
@@ -823,5 +867,197 @@ TEST_P(QV_IterationKernelBits, ANotANumberAnywhereGivesTheBitsOfThePlainForm)
             mesh.node(odd)[odd % (n * n)] = -std::numeric_limits<double>::infinity();
             expectPlainBits(matter, mesh);
         }
+    }
+}
+
+// ---------------------------------------------------------------- Hermitian densities in symmetric dipoles
+
+TEST_P(QV_IterationKernelBits, SymmetricDipolesGiveTheBitsOfThePlainForm)
+{
+    for (unsigned long n = 2; n <= 5; ++n) {
+        for (unsigned long seed = 0; seed < 20; ++seed) {
+            const Matter matter = Matter::symmetric(n, seed, seed % 2 == 0);
+            for (const unsigned long count : {1UL, 8UL, 17UL, 100UL}) {
+                expectPlainBits(matter, Mesh::random(n, count, 200 + seed, true));
+                expectPlainBits(matter, Mesh::random(n, count, 200 + seed, false));
+            }
+        }
+    }
+}
+
+TEST_P(QV_IterationKernelBits, AnyPairOfLevelsMayBeUncoupled)
+{
+    for (unsigned long n = 2; n <= 4; ++n) {
+        for (unsigned long coupled = 0; coupled < 1UL << (n * (n - 1) / 2); ++coupled) {
+            Matter matter = Matter::symmetric(n, 5, false);
+            unsigned long pair = 0;
+            for (unsigned long a = 0; a < n; ++a) {
+                for (unsigned long c = 0; c < a; ++c, ++pair) {
+                    if ((coupled >> pair & 1) == 0) {
+                        matter.P[a * n + c] = 0.0;
+                        matter.P[c * n + a] = -0.0;
+                    }
+                }
+            }
+            expectPlainBits(matter, Mesh::random(n, 40, 210 + coupled, true));
+        }
+    }
+}
+
+TEST_P(QV_IterationKernelBits, AnyRateMayBeZero)
+{
+    for (unsigned long n = 2; n <= 4; ++n) {
+        for (unsigned long zero = 0; zero < n * n; ++zero) {
+            Matter matter = Matter::symmetric(n, 6, false);
+            matter.W[zero] = 0.0;
+            matter.D[zero] = -0.0;
+            matter.D[n * n - 1 - zero] = 0.0;
+            expectPlainBits(matter, Mesh::random(n, 40, 220 + zero, true));
+        }
+    }
+}
+
+TEST_P(QV_IterationKernelBits, NearlySymmetricMatterGivesTheBitsOfThePlainForm)
+{
+    for (unsigned long n = 2; n <= 4; ++n) {
+        for (unsigned long i = 0; i < n * n; ++i) {
+            for (const double odd : {0.01, notANumber, std::numeric_limits<double>::infinity()}) {
+                Matter matter = Matter::symmetric(n, 7, false);
+                matter.P[i] += odd;
+                expectPlainBits(matter, Mesh::random(n, 24, 230, true));
+                matter = Matter::symmetric(n, 7, false);
+                matter.Nu[i] += Complex(0.0, odd);
+                expectPlainBits(matter, Mesh::random(n, 24, 230, true));
+                matter = Matter::symmetric(n, 7, false);
+                matter.Nu[i] += odd;
+                expectPlainBits(matter, Mesh::random(n, 24, 230, true));
+                matter = Matter::symmetric(n, 7, true);
+                matter.W[i] += odd;
+                expectPlainBits(matter, Mesh::random(n, 24, 230, true));
+                matter = Matter::symmetric(n, 7, true);
+                matter.D[i] += odd;
+                expectPlainBits(matter, Mesh::random(n, 24, 230, true));
+            }
+        }
+    }
+}
+
+TEST_P(QV_IterationKernelBits, OddValuesAmongHermitianDensitiesGiveTheBitsOfThePlainForm)
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    const double odds[] = {0.0,   -0.0,   5e-324,     -5e-324,  1e-310,    1e-160,  1e154,
+                           1e300, -1e308, notANumber, infinity, -infinity, -1e-308, 1.7e308};
+    for (unsigned long n = 2; n <= 4; ++n) {
+        const Matter matter = Matter::symmetric(n, 8, n == 3);
+        for (const double odd : odds) {
+            for (unsigned long i = 0; i < n * n; ++i) {
+                Mesh mesh = Mesh::random(n, 24, 240, true);
+                const unsigned long a = i / n;
+                const unsigned long c = i % n;
+                mesh.at(17, a, c).real(odd);
+                expectPlainBits(matter,
+                                mesh); // Hermitian on the diagonal, a number elsewhere for `odd`
+                mesh.at(17, c, a).real(odd);
+                mesh.at(11, a, c).imag(odd);
+                expectPlainBits(matter, mesh);
+                mesh.at(11, c, a).imag(-odd);
+                expectPlainBits(matter, mesh);
+            }
+            Mesh mesh = Mesh::random(n, 24, 241, true);
+            mesh.E[9] = odd;
+            expectPlainBits(matter, mesh);
+            mesh.aux[9] = odd;
+            expectPlainBits(matter, mesh);
+            mesh.E[9] = -odd;
+            mesh.aux[20] = odd;
+            expectPlainBits(matter, mesh);
+            mesh.E.assign(24, odd);
+            expectPlainBits(matter, mesh);
+        }
+    }
+}
+
+TEST_P(QV_IterationKernelBits, HermitianDensitiesOfZerosAndDenormalsGiveTheBitsOfThePlainForm)
+{
+    TestNumbers numbers(250);
+    for (unsigned long n = 2; n <= 4; ++n) {
+        for (int i = 0; i < 60; ++i) {
+            Mesh mesh(n, 24);
+            for (unsigned long j = 0; j < mesh.count; ++j) {
+                for (unsigned long a = 0; a < n; ++a) {
+                    // Adding 0.0 takes the sign of a zero, which most of the densities of a run have not.
+                    mesh.at(j, a, a) = numbers.nextOdd() + (i % 2) * 0.0;
+                    for (unsigned long c = 0; c < a; ++c) {
+                        const Complex z(numbers.nextOdd() + 0.0, numbers.nextOdd() + 0.0);
+                        mesh.at(j, a, c) = z;
+                        mesh.at(j, c, a) = std::conj(z);
+                    }
+                }
+                mesh.E[j] = numbers.nextOdd() + (i % 3 == 0 ? -0.0 : 0.0);
+                mesh.aux[j] = numbers.nextOdd();
+            }
+            expectPlainBits(Matter::symmetric(n, 251, i % 4 < 2), mesh);
+        }
+    }
+}
+
+TEST_P(QV_IterationKernelBits, DivergingHermitianDensitiesGiveTheBitsOfThePlainForm)
+{
+    for (unsigned long n = 2; n <= 4; ++n) {
+        for (const double strength : {30.0, 1e3, 1e8, 1e60, 1e150}) {
+            Matter matter = Matter::symmetric(n, 9, n == 4);
+            for (double& dipole : matter.P) {
+                dipole *= strength;
+            }
+            for (const double rate : {1e-300, -1.0, 0.0}) {
+                matter.rate = rate;
+                expectPlainBits(matter, Mesh::random(n, 40, 260, true));
+            }
+        }
+    }
+}
+
+TEST_P(QV_IterationKernelBits, LimitsAndRatesOfHermitianDensitiesGiveTheBitsOfThePlainForm)
+{
+    for (unsigned long n = 2; n <= 4; ++n) {
+        for (const unsigned long limit : {0UL, 1UL, 2UL, 3UL, 50UL}) {
+            for (const double rate : {1e-12, 1e-6, 1e-2, 0.5, 1.0, 2.0, 0.0, -1.0, notANumber}) {
+                Matter matter = Matter::symmetric(n, 10, n == 3);
+                matter.limit = limit;
+                matter.rate = rate;
+                expectPlainBits(matter, Mesh::random(n, 43, 270, true));
+            }
+        }
+    }
+}
+
+TEST_P(QV_IterationKernelBits, ALargeResidualAmongHermitianDensitiesGivesTheBitsOfThePlainForm)
+{
+    for (unsigned long n = 2; n <= 4; ++n) {
+        const Matter matter = Matter::symmetric(n, 11, n == 4);
+        for (unsigned long large = 0; large < 26; ++large) {
+            Mesh mesh = Mesh::random(n, 40, 280, true);
+            for (unsigned long i = 0; i < n * n; ++i) {
+                mesh.node(large)[i] *= 1e9;
+            }
+            expectPlainBits(matter, mesh);
+        }
+    }
+}
+
+TEST_P(QV_IterationKernelBits, ManyStepsGiveTheBitsOfThePlainForm)
+{
+    for (unsigned long n = 2; n <= 4; ++n) {
+        Matter matter = Matter::symmetric(n, 12, true);
+        for (double& rate : matter.D) {
+            rate *= 0.01;
+        }
+        Mesh plain = Mesh::random(n, 24, 290, true);
+        Mesh found = plain;
+        for (int i = 0; i < 20; ++i) {
+            plain = advanced(QV_InstructionSet::PLAIN, GetParam(), matter, plain, 0.01);
+            found = advanced(QV_InstructionSet::best(), GetParam(), matter, found, 0.01);
+        }
+        EXPECT_TRUE(isSame(found, plain)) << n;
     }
 }
