@@ -955,8 +955,7 @@ TEST_P(QV_IterationKernelBits, OddValuesAmongHermitianDensitiesGiveTheBitsOfTheP
                 const unsigned long a = i / n;
                 const unsigned long c = i % n;
                 mesh.at(17, a, c).real(odd);
-                expectPlainBits(matter,
-                                mesh); // Hermitian on the diagonal, a number elsewhere for `odd`
+                expectPlainBits(matter, mesh); // not Hermitian off the diagonal
                 mesh.at(17, c, a).real(odd);
                 mesh.at(11, a, c).imag(odd);
                 expectPlainBits(matter, mesh);
