@@ -356,14 +356,13 @@ struct Constants
     double mC; ///< Imaginary part of c; the real one is 0.
     double mTrace2;
     double mTrace4 = 0.0;
-    double mP[N * N];
+    double mP[N * N] = {};
     double mProduct[N * N] = {};
-    double mExpA[N * N];
-    double mDecay[2 * N * N];
-    double mRhoE[N];
+    double mExpA[N * N] = {};
+    double mDecay[2 * N * N] = {};
+    double mRhoE[N] = {};
     bool mStartsRelaxing;
 
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): the arrays are copied
     explicit Constants(const Call& call)
         : mC(call.mTables->mTau * 0.5)
         , mTrace2(call.mTables->mTraces2[0])
@@ -401,16 +400,15 @@ struct ParityBlock
     using Complex = QV_PackComplex<Real>;
 
     const Constants<N>& mConstants;
-    Real mRe[N * N]; ///< Of rho: on and below the diagonal, which is taken as real.
-    Real mIm[N * N];
-    Real mU[N * N]; ///< u, on and below the diagonal.
-    Real mE;
+    Real mRe[N * N]{}; ///< Of rho: on and below the diagonal, which is taken as real.
+    Real mIm[N * N]{};
+    Real mU[N * N]{}; ///< u, on and below the diagonal.
+    Real mE{};
     Mask mOddities{}; ///< With a bit set where the result does not hold.
 
     static constexpr int index(int a, int b) { return a > b ? a * N + b : b * N + a; }
     static constexpr bool isOdd(int a, int b) { return Parity<N, PARITY>::isOdd(a, b); }
 
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): the arrays are filled before they are read
     QV_INLINE ParityBlock(const Constants<N>& constants, const double* rho, const double* E)
         : mConstants(constants)
     {
