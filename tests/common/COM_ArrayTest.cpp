@@ -2,6 +2,7 @@
 
 #include "common/COM_Scoped.h"
 #include "support/TestObject.h"
+#include "support/Tracing.h"
 
 #include <gtest/gtest.h>
 
@@ -101,11 +102,7 @@ TEST_F(COM_ArrayTest, SettingASlotReleasesTheOldElementAndReferencesTheNew)
 TEST_F(COM_ArrayTest, TheOldElementIsReleasedBeforeTheNewOneIsReferenced)
 {
     mArray->add(*mA);
-    testing::internal::CaptureStdout();
-    COM_Object::turnOnDebugFlag();
-    mArray->set(0, *mB);
-    COM_Object::turnOffDebugFlag();
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+    EXPECT_EQ(tracedBy([this] { mArray->set(0, *mB); }),
               mA->getIdentityString() + " is unreferenced.\n" + mB->getIdentityString()
                   + " is referenced.\n");
 }
@@ -113,11 +110,7 @@ TEST_F(COM_ArrayTest, TheOldElementIsReleasedBeforeTheNewOneIsReferenced)
 TEST_F(COM_ArrayTest, AnObjectSetAgainIsReleasedAndReferencedLikeAnother)
 {
     mArray->add(*mA);
-    testing::internal::CaptureStdout();
-    COM_Object::turnOnDebugFlag();
-    mArray->set(0, *mA);
-    COM_Object::turnOffDebugFlag();
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+    EXPECT_EQ(tracedBy([this] { mArray->set(0, *mA); }),
               mA->getIdentityString() + " is unreferenced.\n" + mA->getIdentityString()
                   + " is referenced.\n");
     EXPECT_EQ(slots(*mArray), "a");
@@ -175,17 +168,16 @@ TEST_F(COM_ArrayTest, TheArrayGuardsAnObjectWhileItLeavesItsSlots)
     mArray->add(*mA);
     const COM_Scoped view(Array::New(false));
     view->add(*mA);
-    testing::internal::CaptureStdout();
-    COM_Object::turnOnDebugFlag();
-    mArray->remove(*mA);
-    mArray->remove(*mB);
-    view->remove(*mA);
-    COM_Object::turnOffDebugFlag();
+    const std::string printed = tracedBy([this, &view] {
+        mArray->remove(*mA);
+        mArray->remove(*mB);
+        view->remove(*mA);
+    });
     const std::string a = mA->getIdentityString();
     const std::string b = mB->getIdentityString();
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
-              a + " is referenced.\n" + a + " is unreferenced.\n" + a + " is unreferenced.\n" + a
-                  + " is unreferenced.\n" + b + " is referenced.\n" + b + " is unreferenced.\n");
+    EXPECT_EQ(printed, a + " is referenced.\n" + a + " is unreferenced.\n" + a
+                           + " is unreferenced.\n" + a + " is unreferenced.\n" + b
+                           + " is referenced.\n" + b + " is unreferenced.\n");
 }
 
 TEST_F(COM_ArrayTest, RemovingAnAbsentObjectOrANullIsRefused)
@@ -256,11 +248,7 @@ TEST_F(COM_ArrayTest, ASmallerSizeReleasesWhatIsCutOffAndALargerOneAddsEmptySlot
 TEST_F(COM_ArrayTest, WhatIsCutOffIsReleasedFromTheFirstToTheLast)
 {
     fill(*mArray);
-    testing::internal::CaptureStdout();
-    COM_Object::turnOnDebugFlag();
-    mArray->setSize(1);
-    COM_Object::turnOffDebugFlag();
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+    EXPECT_EQ(tracedBy([this] { mArray->setSize(1); }),
               mB->getIdentityString() + " is unreferenced.\n" + mC->getIdentityString()
                   + " is unreferenced.\n");
 }

@@ -1,7 +1,7 @@
 #include "common/COM_Guard.h"
 
-#include "support/Printed.h"
 #include "support/TestObject.h"
+#include "support/Tracing.h"
 
 #include <gtest/gtest.h>
 
@@ -37,11 +37,7 @@ TEST(COM_Guard, TheObjectIsItsOwnWitness)
 {
     auto* const object = TestObject::New();
     const std::string identity = object->getIdentityString();
-    const std::string printed = printedBy([object] {
-        COM_Object::turnOnDebugFlag();
-        const COM_Guard guard(*object);
-    });
-    COM_Object::turnOffDebugFlag();
+    const std::string printed = tracedBy([object] { const COM_Guard guard(*object); });
     EXPECT_EQ(printed, identity + " is referenced by " + identity + "\n" + identity
                            + " is unreferenced by " + identity + "\n");
     object->Delete();

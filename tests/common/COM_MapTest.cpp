@@ -2,6 +2,7 @@
 
 #include "common/COM_Scoped.h"
 #include "support/TestObject.h"
+#include "support/Tracing.h"
 
 #include <gtest/gtest.h>
 
@@ -65,11 +66,7 @@ TEST_F(COM_MapTest, ANullPointerUnderAKnownKeyKeepsTheOldValue)
 TEST_F(COM_MapTest, ANewValueUnderAKnownKeyTakesThePlaceOfTheOldOne)
 {
     mMap->put("x", *mA);
-    testing::internal::CaptureStdout();
-    COM_Object::turnOnDebugFlag();
-    mMap->put("x", *mB);
-    COM_Object::turnOffDebugFlag();
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+    EXPECT_EQ(tracedBy([this] { mMap->put("x", *mB); }),
               mA->getIdentityString() + " is unreferenced.\n" + mB->getIdentityString()
                   + " is referenced.\n");
     EXPECT_EQ(mMap->get("x"), mB.get());
@@ -80,11 +77,7 @@ TEST_F(COM_MapTest, ANewValueUnderAKnownKeyTakesThePlaceOfTheOldOne)
 TEST_F(COM_MapTest, AValueStoredAgainIsReleasedAndReferencedLikeAnother)
 {
     mMap->put("x", *mA);
-    testing::internal::CaptureStdout();
-    COM_Object::turnOnDebugFlag();
-    mMap->put("x", *mA);
-    COM_Object::turnOffDebugFlag();
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+    EXPECT_EQ(tracedBy([this] { mMap->put("x", *mA); }),
               mA->getIdentityString() + " is unreferenced.\n" + mA->getIdentityString()
                   + " is referenced.\n");
     EXPECT_EQ(mMap->get("x"), mA.get());

@@ -7,6 +7,7 @@
 #include "support/ChildProcess.h"
 #include "support/Printed.h"
 #include "support/TestObject.h"
+#include "support/Tracing.h"
 
 #include <gtest/gtest.h>
 
@@ -157,16 +158,6 @@ std::string number(const COM_Object& object)
 {
     return std::to_string(object.getIdentityNumber());
 }
-
-/// Switches the trace on for the scope.
-class Tracing
-{
-public:
-    Tracing() { COM_Object::turnOnDebugFlag(); }
-    ~Tracing() { COM_Object::turnOffDebugFlag(); }
-    Tracing(const Tracing&) = delete;
-    Tracing& operator=(const Tracing&) = delete;
-};
 
 } // namespace
 
@@ -352,8 +343,7 @@ TEST(COM_Object, TheHolderIsTheWitnessOfItsAssociation)
 {
     const COM_Scoped holder(TestHolder::New());
     const COM_Scoped object(TestObject::New());
-    const std::string printed = printedBy([&] {
-        const Tracing tracing;
+    const std::string printed = tracedBy([&] {
         holder->setObject(object.get());
         holder->resetObject();
     });
@@ -458,10 +448,7 @@ TEST(COM_Object, AReferenceOnANegativeCountIsReleasedAgain)
     for (const long count : {-1L, -2L}) {
         object->Delete();
         EXPECT_EQ(object->getReferenceCount(), count);
-        const std::string printed = printedBy([object] {
-            const Tracing tracing;
-            object->addReference(nullptr);
-        });
+        const std::string printed = tracedBy([object] { object->addReference(nullptr); });
         EXPECT_EQ(object->getReferenceCount(), count);
         EXPECT_EQ(printed, expected);
     }
@@ -497,8 +484,7 @@ TEST(COM_Object, TheTraceOfALifeIsComplete)
 {
     const COM_Scoped witness(TestObject::New());
     unsigned long id = 0;
-    const std::string printed = printedBy([&] {
-        const Tracing tracing;
+    const std::string printed = tracedBy([&] {
         auto* const object = TestObject::New();
         id = object->getIdentityNumber();
         object->addReference(witness.get());
@@ -526,10 +512,7 @@ TEST(COM_Object, TheTraceOfAFamilysEndShowsTheChildrenBetweenResetAndDeletion)
     const std::string mother = "10TestParent@" + number(*parent);
     const std::string own = "9TestChild@" + number(*child);
     const std::string array = "9COM_ArrayI10COM_ObjectE@" + number(parent->children());
-    const std::string printed = printedBy([parent] {
-        const Tracing tracing;
-        parent->Delete();
-    });
+    const std::string printed = tracedBy([parent] { parent->Delete(); });
     EXPECT_EQ(printed,
               mother + " is unreferenced.\n"                     // the outside holder
                   + "deleting " + mother + "...\n"               //
@@ -595,10 +578,7 @@ TEST(COM_Object, AnObjectThatGoesWhileTheFlagIsOffIsListedNoMore)
     // In a process of its own: a list that keeps what is gone reads freed memory.
     EXPECT_EQ(runInChild([] {
                   TestObject* object = nullptr;
-                  printedBy([&object] {
-                      const Tracing tracing;
-                      object = TestObject::New();
-                  });
+                  tracedBy([&object] { object = TestObject::New(); });
                   object->Delete();
                   const Tracing tracing;
                   const std::string listed = printedBy([] { COM_Object::printAllObjects(); });

@@ -8,7 +8,7 @@
 #include "geometry/GEO_Point.h"
 #include "geometry/GEO_Vertex.h"
 #include "geometry/GEO_Volume.h"
-#include "support/Printed.h"
+#include "support/Tracing.h"
 
 #include <gtest/gtest.h>
 
@@ -99,11 +99,9 @@ template <typename Action>
 std::string leftBy(Action action)
 {
     makeRegistries();
-    const std::string printed = printedBy([&action] {
-        COM_Object::turnOnDebugFlag();
+    const std::string printed = tracedBy([&action] {
         action();
         COM_Object::printAllObjects();
-        COM_Object::turnOffDebugFlag();
     });
     EXPECT_EQ(printed.find("Trying to delete object"), std::string::npos);
     EXPECT_NE(printed.find("from memory"), std::string::npos) << "the trace is not on";
@@ -699,9 +697,7 @@ TEST(GEO_PolygonLifetime, TheTraceTellsWhatIsLeft)
                   vertex = GEO_Vertex::New(5);
               }),
               "10GEO_Vertex\t 1\n9COM_ArrayI9GEO_CurveE\t 2\n");
-    COM_Object::turnOnDebugFlag(); // so that it leaves the trace's table
-    printedBy([vertex] { vertex->Delete(); });
-    COM_Object::turnOffDebugFlag();
+    tracedBy([vertex] { vertex->Delete(); }); // so that it leaves the trace's table
     EXPECT_EQ(GEO_Vertex::get(5), nullptr);
 }
 

@@ -5,6 +5,7 @@
 #include "support/Description.h"
 #include "support/Printed.h"
 #include "support/TestNode.h"
+#include "support/Tracing.h"
 
 #include <gtest/gtest.h>
 
@@ -122,11 +123,7 @@ TEST_F(MM_ClassTest, AResetOfTheFieldsGoesFromTheLastNameToTheFirst)
     for (MM_Field* field : {b.get(), c.get(), a.get()}) {
         mNode->addToMetaFields(field);
     }
-    EXPECT_EQ(printedBy([this] {
-                  COM_Object::turnOnDebugFlag();
-                  mNode->resetMetaFields();
-                  COM_Object::turnOffDebugFlag();
-              }),
+    EXPECT_EQ(tracedBy([this] { mNode->resetMetaFields(); }),
               c->getIdentityString() + " is unreferenced.\n" + b->getIdentityString()
                   + " is unreferenced.\n" + a->getIdentityString() + " is unreferenced.\n");
 }

@@ -5,6 +5,7 @@
 #include "support/Description.h"
 #include "support/Printed.h"
 #include "support/TestNode.h"
+#include "support/Tracing.h"
 
 #include <gtest/gtest.h>
 
@@ -86,11 +87,7 @@ void expectReleasesBackwards(TestPackage& package, const std::function<void()>& 
         releases.push_back("deleting "
                            + package.getFromInstanciatedClasses(id)->getIdentityString());
     }
-    const std::string printed = printedBy([&end] {
-        COM_Object::turnOnDebugFlag();
-        end();
-        COM_Object::turnOffDebugFlag();
-    });
+    const std::string printed = tracedBy(end);
     std::size_t at = 0;
     for (const std::string& release : releases) {
         at = printed.find(release + "...\n", at);
