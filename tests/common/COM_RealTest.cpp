@@ -219,11 +219,13 @@ TEST(COM_Real, SevenDigitsAreThoseOfTheCLibrary)
         for (const char* digits : {"1", "1.0000005", "9.9999995", "9.999999", "1.2345675",
                                    "5.0000005", "2.4999995", "7.5000015"}) {
             double x = std::strtod((digits + ("e" + std::to_string(exponent))).c_str(), nullptr);
+            for (int step = 0; step < 3; ++step) {
+                x = std::nextafter(x, 0.0);
+            }
             for (int step = -3; step <= 3; ++step) {
-                const double near = step < 0 ? std::nextafter(x, 0.0) : x;
-                ASSERT_EQ(COM_Real::toString(near, 7, 6), printed(near, 7, 6));
-                ASSERT_EQ(COM_Real::toString(-near, 7, 6), printed(-near, 7, 6));
-                x = std::nextafter(near, infinity);
+                ASSERT_EQ(COM_Real::toString(x, 7, 6), printed(x, 7, 6));
+                ASSERT_EQ(COM_Real::toString(-x, 7, 6), printed(-x, 7, 6));
+                x = std::nextafter(x, infinity);
             }
         }
     }
