@@ -52,9 +52,13 @@ TEST(GEO_Numbers, AnyOrderOfPutsAndRemovalsGivesWhatAMapGives)
     const COM_Scoped b(GEO_Point::New());
     std::map<unsigned long, GEO_Point*> map;
     std::mt19937 random(20);
+    // Pages that are next to one another, and pages far away, which fill and get empty again.
+    const auto anyNumber = [&random] {
+        const unsigned long first = random() % 2 == 0 ? 0 : 1UL << 40;
+        return first + random() % 200;
+    };
     for (int i = 0; i < 20000; ++i) {
-        // Pages that are next to one another, and pages far away, which fill and get empty again.
-        const unsigned long number = random() % 200 + (random() % 2 == 0 ? 0 : 1UL << 40);
+        const unsigned long number = anyNumber();
         if (random() % 2 == 0) {
             GEO_Point* const point = random() % 2 == 0 ? a.get() : b.get();
             numbers->put(number, *point);
@@ -63,7 +67,7 @@ TEST(GEO_Numbers, AnyOrderOfPutsAndRemovalsGivesWhatAMapGives)
             numbers->remove(number);
             map.erase(number);
         }
-        const unsigned long other = random() % 200;
+        const unsigned long other = anyNumber();
         const auto entry = map.find(other);
         ASSERT_EQ(numbers->get(other), entry == map.end() ? nullptr : entry->second) << i;
     }
