@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <string>
+#include <unistd.h>
 
 TEST(QV_InstructionSet, EveryLevelHasAName)
 {
@@ -46,6 +47,15 @@ TEST(QV_InstructionSet, ANameChoosesItsLevelAsFarAsItIsAvailable)
 
 TEST(QV_InstructionSet, TheVariableOfTheEnvironmentDecidesWhatIsUsed)
 {
+    // In a fresh copy of the program, which has not asked yet.
+    for (const auto level : {QV_InstructionSet::PLAIN, QV_InstructionSet::BASELINE}) {
+        EXPECT_EXIT(
+            {
+                setenv("QUORVEX_INSTRUCTIONS", QV_InstructionSet::getName(level), 1);
+                _exit(QV_InstructionSet::best());
+            },
+            testing::ExitedWithCode(level), "");
+    }
     EXPECT_EQ(QV_InstructionSet::best(),
               QV_InstructionSet::choose(std::getenv(QV_InstructionSet::VARIABLE)));
     EXPECT_EQ(runInChild([] {
