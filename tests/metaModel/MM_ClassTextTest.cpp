@@ -14,29 +14,31 @@
 #include <functional>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
 
-using Description = std::function<void(MM_Class&)>;
+/// What an object stores of itself.
+using Storing = std::function<void(MM_Class&)>;
 
 /// An object that describes itself as a test wants it.
 class Described : public virtual MM_Object
 {
     COM_CLASS(Described)
 public:
-    void saveToMetaClass(MM_Class& metaClass) const override { mDescription(metaClass); }
+    void saveToMetaClass(MM_Class& metaClass) const override { mStoring(metaClass); }
 
 protected:
-    explicit Described(Description description)
-        : mDescription(std::move(description))
+    explicit Described(Storing storing)
+        : mStoring(std::move(storing))
     {
         COM_TYPE(Described);
     }
     ~Described() override = default;
 
 private:
-    Description mDescription;
+    Storing mStoring;
 };
 
 /// The file of the graph of `root`, written without a tree. It has to be that of the tree.
@@ -49,9 +51,9 @@ std::string fileOf(const MM_Object& root)
     return directory.read("text");
 }
 
-std::string fileOf(const Description& description)
+std::string fileOf(const Storing& storing)
 {
-    const COM_Scoped object(Described::New(description));
+    const COM_Scoped object(Described::New(storing));
     return fileOf(*object);
 }
 
@@ -167,8 +169,8 @@ TEST(MM_ClassText, ClassesWhoseNamesBeginAlikeKeepTheOrderOfIdentities)
     // "@" comes after digits and before letters.
     struct Named : Described
     {
-        Named(std::string name, Description description)
-            : Described(std::move(description))
+        Named(std::string name, Storing storing)
+            : Described(std::move(storing))
             , mName(std::move(name))
         {}
         std::string getClassName() const override { return mName; }
