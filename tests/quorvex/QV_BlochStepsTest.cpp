@@ -1,3 +1,4 @@
+#include "common/COM_Guard.h"
 #include "common/COM_Scoped.h"
 #include "linearAlgebra/LA_RealMatrix.h"
 #include "linearAlgebra/LA_RealVector.h"
@@ -17,10 +18,8 @@
 
 #include <cmath>
 #include <complex>
-#include <cstring>
 #include <functional>
 #include <memory>
-#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -128,6 +127,15 @@ protected:
             problem().getMilieu()->create();
             ASSERT_EQ(problem().initialize(), 0);
         });
+    }
+    /// Leaves the system in the problem without a density at any node.
+    void takeDensitiesAway()
+    {
+        QV_Bloch& system = bloch();
+        const COM_Guard guard(system);
+        problem().resetBlochEquations();
+        system.initDensities(); // no problem, no nodes
+        problem().addToBlochEquations(system);
     }
     /// Random Hermitian densities and fields at all nodes.
     void fill(unsigned long seed)
@@ -463,12 +471,7 @@ TEST_F(QV_BlochStepsTest, WithoutDensitiesTheFieldSchemesReturnAtOnce)
     for (const Scheme scheme : coupledSchemes) {
         start(2);
         advance(Scheme::CRANK);
-        bloch().addReference(nullptr);
-        QV_Bloch& system = bloch();
-        problem().resetBlochEquations();
-        system.initDensities(); // no problem, no nodes
-        problem().addToBlochEquations(system);
-        system.Delete();
+        takeDensitiesAway();
         const State before = state();
         EXPECT_EQ(printedBy([&] { EXPECT_TRUE(advance(scheme)); }), "");
         EXPECT_EQ(state().mE, before.mE);
@@ -480,12 +483,7 @@ TEST_F(QV_BlochStepsTest, WithoutDensitiesTheFieldSchemesDoNotLookAtTheField)
 {
     for (const Scheme scheme : coupledSchemes) {
         start(2, 2);
-        bloch().addReference(nullptr);
-        QV_Bloch& system = bloch();
-        problem().resetBlochEquations();
-        system.initDensities();
-        problem().addToBlochEquations(system);
-        system.Delete();
+        takeDensitiesAway();
         EXPECT_EXIT(
             {
                 dup2(STDERR_FILENO, STDOUT_FILENO);
@@ -503,12 +501,7 @@ TEST_F(QV_BlochStepsTest, WithoutDensitiesTheOtherSchemesLookAtTheFieldAllTheSam
         {[this] { bloch().solveBlochRelaxExtraDiag(time0, step); }, "Bloch Relaxation method  "},
     };
     start(2, 2);
-    bloch().addReference(nullptr);
-    QV_Bloch& system = bloch();
-    problem().resetBlochEquations();
-    system.initDensities();
-    problem().addToBlochEquations(system);
-    system.Delete();
+    takeDensitiesAway();
     for (const auto& [action, words] : methods) {
         EXPECT_EXIT(
             {
