@@ -464,6 +464,11 @@ const Case WITHOUT_EFFECT_CASES[] = {
     {"EquilibriumThatIsNoDensity", Check::NOTE, EQUILIBRIUM, "(1.303080e-06,1.000000e+08)",
      "the populations add up to 1e+08 and not to 1; the atoms would relax towards them.",
      [](TestProblem&) { QV_Bloch::setRelaxationType(QV_Bloch::CASCADE_RELAXATION_TYPE); }},
+    {"EquilibriumThatIsNearlyADensity", Check::NOTE, EQUILIBRIUM, nullptr, "",
+     [](TestProblem&) {
+         setVector(*QV_Bloch::getEquilibriumDensity(), {0.75, 0.2505});
+         QV_Bloch::setRelaxationType(QV_Bloch::EQUILIBRE_RELAXATION_TYPE);
+     }},
     {"DensityWithoutAtoms", Check::NOTE, DENSITY, "0",
      "the populations add up to 0 and not to 1; a number is typed with its parentheses, as in "
      "(1,0).",
@@ -479,11 +484,6 @@ const Case WITHOUT_EFFECT_CASES[] = {
      [](TestProblem& p) {
          QV_Bloch::getInitialDensity()->setValueFromString(1, 1, "(0,0)");
          p->getBlochEquations()->clear();
-     }},
-    {"EquilibriumThatIsNearlyADensity", Check::NOTE, EQUILIBRIUM, nullptr, "",
-     [](TestProblem&) {
-         setVector(*QV_Bloch::getEquilibriumDensity(), {0.75, 0.2505});
-         QV_Bloch::setRelaxationType(QV_Bloch::EQUILIBRE_RELAXATION_TYPE);
      }},
 };
 
