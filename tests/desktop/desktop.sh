@@ -1,7 +1,8 @@
 # Sourced: a screen of its own with a window manager, and what a person does at it.
 #
 #   open_screen [SIZE]           starts the screen; it goes with the shell that sources this
-#   open_place [SIZE]            a screen in an empty directory, without settings of the user; both go with the shell
+#   open_place [SIZE]            a screen, and an empty directory $work, the shell's from then on, without settings of
+#                                the user; both go with the shell
 #   window TITLE                 waits for a shown window, makes it the active one; the titles are whole
 #   gone TITLE                   waits until no such window is shown
 #   press KEY...                 keys one after the other, xdotool's names
