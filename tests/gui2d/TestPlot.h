@@ -8,15 +8,14 @@
 #include "gui2d/GUI2D_Curve.h"
 #include "gui2d/GUI2D_Plotter.h"
 #include "gui2d/GUI2D_PlotterWindow.h"
+#include "support/PaintCounter.h"
 #include "support/ProjectRoot.h"
 #include "support/TestDirectory.h"
 
-#include <QEvent>
 #include <QToolButton>
 
 #include <array>
 #include <string>
-#include <utility>
 #include <vector>
 
 /// A plotter window below a root window, texts in English.
@@ -115,29 +114,22 @@ private:
     GUI2D_PlotterWindow* mWindow; ///< Held by the root window.
 };
 
-/// Counts how often a widget is painted on the screen.
-class Repaints : public QObject
+/// Counts how often a widget is painted on the screen, what waits in the event loop included.
+class Repaints
 {
 public:
     explicit Repaints(QWidget& widget)
+        : mCounter(widget)
     {
-        settle();
-        widget.installEventFilter(this);
+        take();
     }
     /// Since the last call.
     int take()
     {
         settle();
-        return std::exchange(mNumber, 0);
-    }
-
-protected:
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override
-    {
-        mNumber += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
+        return mCounter.take();
     }
 
 private:
-    int mNumber = 0;
+    PaintCounter mCounter;
 };

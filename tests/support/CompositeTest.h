@@ -5,9 +5,9 @@
 #include "gui/GUI_RootWindow.h"
 #include "gui/GUI_Table.h"
 #include "support/EnglishTexts.h"
+#include "support/PaintCounter.h"
 
 #include <QApplication>
-#include <QEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <QTest>
@@ -15,19 +15,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-
-/// Counts how often a widget is painted.
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override
-    {
-        mNumber += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-    int mNumber = 0;
-};
 
 /// A shown window in English whose panel has a layout for the panel that is tested.
 class CompositeTest : public testing::Test
@@ -70,17 +57,17 @@ protected:
         return *found;
     }
 
-    /// Whether the widget is painted after `action`, which changes nothing in it that would be.
+    /// Whether `action` has the widget painted again.
     template <typename Action>
     static bool isPaintedAfter(QWidget& widget, Action action)
     {
         QCoreApplication::processEvents();
         PaintCounter counter(widget);
         QCoreApplication::processEvents();
-        EXPECT_EQ(counter.mNumber, 0) << "painted by itself";
+        EXPECT_EQ(counter.take(), 0) << "painted by itself";
         action();
         QCoreApplication::processEvents();
-        return counter.mNumber > 0;
+        return counter.take() > 0;
     }
 
     static void click(QWidget& widget) { QTest::mouseClick(&widget, Qt::LeftButton); }
