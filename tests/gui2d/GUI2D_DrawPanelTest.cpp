@@ -1557,7 +1557,7 @@ TEST_F(GUI2D_DrawPanelTest, EachSettingHasItsKey)
 
 TEST_F(GUI2D_DrawPanelTest, EachKeyIsAFieldOfItsOwn)
 {
-    const std::vector<std::pair<const char*, const char*>> values = {
+    const KeyValues values = {
         {"mStatusMessage", "Curves"},
         {"mOrthonormee", "1"},
         {"mXDirection", "-1"},
@@ -1599,16 +1599,7 @@ TEST_F(GUI2D_DrawPanelTest, EachKeyIsAFieldOfItsOwn)
         {"mDraggedRectangleColor", "#010203"},
         {"BackgroundColor", "#010203"},
     };
-    for (const auto& [key, value] : values) {
-        const Description written(*mPanel);
-        const std::string former = written.text();
-        replace(written.node(), key, value);
-        ASSERT_NE(written.text(), former) << key;
-        const COM_Scoped loaded(TestDrawPanel::New());
-        const std::string printed = printedBy([&] { loaded->loadFromMetaClass(written.node()); });
-        EXPECT_EQ(printed.find("no attribute"), std::string::npos) << key << ": " << printed;
-        EXPECT_EQ(Description(*loaded).text(), written.text()) << key;
-    }
+    expectEachKeyIsAField(*mPanel, values);
 }
 
 TEST_F(GUI2D_DrawPanelTest, WhatOnlyAFileMaySetIsPainted)

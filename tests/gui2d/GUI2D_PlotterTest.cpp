@@ -507,23 +507,13 @@ TEST_F(GUI2D_PlotterTest, EachFigureHasItsKey)
 
 TEST_F(GUI2D_PlotterTest, EachKeyIsAFieldOfItsOwn)
 {
-    std::vector<std::pair<const char*, const char*>> values = {{"mLegendsPrinted", "0"},
-                                                               {"mSubTitlesPrinted", "1"}};
+    KeyValues values = {{"mLegendsPrinted", "0"}, {"mSubTitlesPrinted", "1"}};
     for (const char* const key : {"mXMin", "mXMax", "mYMin", "mYMax", "mMinDeltaX", "mMinDeltaY",
                                   "mMaxDeltaX", "mMaxDeltaY", "mMeanDeltaX", "mMeanDeltaY"}) {
         values.emplace_back(key, "2.500000e+00");
     }
-    for (const auto& [key, value] : values) {
-        const COM_Scoped empty(GUI2D_Plotter::New());
-        const Description written(*empty);
-        const std::string former = written.text();
-        replace(written.node(), key, value);
-        ASSERT_NE(written.text(), former) << key;
-        const COM_Scoped loaded(GUI2D_Plotter::New());
-        const std::string printed = printedBy([&] { loaded->loadFromMetaClass(written.node()); });
-        EXPECT_EQ(printed.find("no attribute"), std::string::npos) << key << ": " << printed;
-        EXPECT_EQ(Description(*loaded).text(), written.text()) << key;
-    }
+    const COM_Scoped empty(GUI2D_Plotter::New());
+    expectEachKeyIsAField(*empty, values);
 }
 
 TEST(GUI2D_Plotter, AFileBringsThePlotBack)

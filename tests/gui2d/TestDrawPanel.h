@@ -3,13 +3,18 @@
 #include "geometry/GEO_Box.h"
 #include "geometry/GEO_Point.h"
 #include "gui2d/GUI2D_DrawPanel.h"
+#include "support/Description.h"
+#include "support/Printed.h"
 
 #include <QImage>
 #include <QPainter>
 #include <QPixmap>
 
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// From now on the panel shows nothing but what `paintElements` draws, and legends.
@@ -202,6 +207,26 @@ inline void replace(MM_Class& node, const std::string& key, const std::string& v
     MM_Field& field = *node.getFromMetaFields(key);
     field.resetMetaValues();
     field.addToMetaValues({}, value);
+}
+
+/// Keys, each with one value.
+using KeyValues = std::vector<std::pair<const char*, const char*>>;
+
+/// Expects that each of these values, other ones than the panel's, is read by a new panel from its key alone and
+/// changes what is stored under that key alone. Requires: a new panel stores what `panel` does.
+template <typename Panel>
+void expectEachKeyIsAField(const Panel& panel, const KeyValues& values)
+{
+    for (const auto& [key, value] : values) {
+        const Description written(panel);
+        const std::string former = written.text();
+        replace(written.node(), key, value);
+        ASSERT_NE(written.text(), former) << key;
+        const COM_Scoped loaded(Panel::New());
+        const std::string printed = printedBy([&] { loaded->loadFromMetaClass(written.node()); });
+        EXPECT_EQ(printed.find("no attribute"), std::string::npos) << key << ": " << printed;
+        EXPECT_EQ(Description(*loaded).text(), written.text()) << key;
+    }
 }
 
 /// The keys of a draw panel in the order in which they are read.
