@@ -36,10 +36,7 @@ TEST(QVG_ActionEditParameters, BringsTheMenusUpToDate)
 {
     const TestMainWindow window;
     window.createProject();
-    window.write("tps.res", "");
-    EXPECT_FALSE(window.action(QVG_MainMenu::VISUALIZE, 0).isEnabled());
-    window.action(QVG_MainMenu::EDIT, 0).trigger();
-    EXPECT_TRUE(window.action(QVG_MainMenu::VISUALIZE, 0).isEnabled());
+    window.expectMenusUpToDateAfter(window.action(QVG_MainMenu::EDIT, 0));
 }
 
 TEST(QVG_ActionEditParameters, OutsideAMenuItDoesNothing)

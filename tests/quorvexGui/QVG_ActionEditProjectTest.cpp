@@ -134,10 +134,7 @@ TEST(QVG_ActionEditProject, BringsTheMenusUpToDate)
 {
     const TestMainWindow window;
     window.createProject();
-    window.write("tps.res", "");
-    EXPECT_FALSE(window.action(QVG_MainMenu::VISUALIZE, 0).isEnabled());
-    window.action(QVG_MainMenu::EDIT, 1).trigger();
-    EXPECT_TRUE(window.action(QVG_MainMenu::VISUALIZE, 0).isEnabled());
+    window.expectMenusUpToDateAfter(window.action(QVG_MainMenu::EDIT, 1));
 }
 
 TEST(QVG_ActionEditProject, OutsideAMenuItDoesNothing)

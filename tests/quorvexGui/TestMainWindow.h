@@ -20,6 +20,8 @@
 
 #include <QApplication>
 
+#include <gtest/gtest.h>
+
 #include <regex>
 #include <string>
 #include <vector>
@@ -91,6 +93,15 @@ public:
     GUI_Action& action(QVG_MainMenu::Menu menu, int index) const
     {
         return *mWindow->getMenu()->getMenu(menu)->getAction(index);
+    }
+    /// Expects that the menus learn by the action that there are results. Requires: a project without any.
+    void expectMenusUpToDateAfter(GUI_Action& action) const
+    {
+        const GUI_Action& results = this->action(QVG_MainMenu::VISUALIZE, 0);
+        write("tps.res", "");
+        EXPECT_FALSE(results.isEnabled());
+        action.trigger();
+        EXPECT_TRUE(results.isEnabled());
     }
     /// The captions of a window's child windows, in the order of their making.
     static std::vector<std::string> captionsOf(const GUI_ParentWindow& window)
