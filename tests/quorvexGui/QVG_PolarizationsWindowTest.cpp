@@ -68,6 +68,10 @@ TEST(QVG_PolarizationsWindow, TypesAreThoseOfItsClasses)
     forms.click<Form>(Form::COMPO_PB_POLARIZATION);
     EXPECT_EQ(forms.detail().getTypes().back(), "QVG_PolarizationsWindow");
     EXPECT_EQ(rootOf(forms).getTypes().back(), "QVG_PolarizationsRootPanel");
+}
+
+TEST(QVG_PolarizationsWindow, FlagsCountFromZeroAndLabelsByTheirNumber)
+{
     EXPECT_EQ(QVG_PolarizationsRootPanel::COMPO_SB_ELN, 0);
     EXPECT_EQ(QVG_PolarizationsRootPanel::mLabelsLength,
               std::size(QVG_PolarizationsRootPanel::mLabels));
