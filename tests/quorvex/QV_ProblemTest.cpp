@@ -11,6 +11,7 @@
 #include "support/Description.h"
 #include "support/Locales.h"
 #include "support/Printed.h"
+#include "support/ResultFiles.h"
 #include "support/TestProblem.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +22,6 @@
 #include <cstdio>
 #include <filesystem>
 #include <limits>
-#include <map>
 #include <string>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -31,7 +31,6 @@ namespace {
 
 using Names = std::vector<std::string>;
 using Values = std::vector<double>;
-using Files = std::map<std::string, std::string>;
 
 constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
 constexpr double INFINITE = std::numeric_limits<double>::infinity();
@@ -130,20 +129,7 @@ std::string printed(const char* format, double value)
     return text;
 }
 
-/// All result files in a directory, by name.
-Files resultFiles(const TestDirectory& directory)
-{
-    Files files;
-    for (const auto& entry : std::filesystem::directory_iterator(directory.path())) {
-        if (entry.path().extension() == ".res" && entry.is_regular_file()) {
-            const std::string name = entry.path().filename().string();
-            files[name] = directory.read(name);
-        }
-    }
-    return files;
-}
-
-Names namesOf(const Files& files)
+Names namesOf(const ResultFiles& files)
 {
     Names names;
     for (const auto& file : files) {
@@ -457,7 +443,7 @@ TEST_F(QV_ProblemTest, WithoutDipoleThereIsNoRabiFrequencyAndNothingIsWritten)
                               "muc:0\n"
                               "Emax:8.537e+09\n"
                               "FATAL ERROR: Rabi frequency is null \n");
-    EXPECT_EQ(resultFiles(mProblem.directory()), (Files{{"tps.res", "older text"}}));
+    EXPECT_EQ(resultFilesIn(mProblem.directory().path()), (ResultFiles{{"tps.res", "older text"}}));
     EXPECT_FALSE(std::filesystem::exists("paramBeforeSolving.xml"));
     EXPECT_EQ(mProblem->getRabiFrequency(), 0.0);
     EXPECT_EQ(mProblem->getTimeStepNumber(), 0UL);
@@ -520,7 +506,7 @@ TEST_P(QV_ProblemMethodTest, AMaximumOfZeroMakesAllFilesAndNoStep)
     EXPECT_EQ(mProblem.run(), 0);
     EXPECT_EQ(mProblem.out().mInts, std::vector<int>{});
     EXPECT_EQ(mProblem->getTimeStepNumber(), 1UL);
-    const Files files = resultFiles(mProblem.directory());
+    const ResultFiles files = resultFilesIn(mProblem.directory().path());
     EXPECT_EQ(files.size(), 18UL);
     for (const auto& [name, text] : files) {
         if (name == "captors.res") {
@@ -544,7 +530,7 @@ TEST_P(QV_ProblemMethodTest, FewerStepsThanProgressMessagesEndTheProcessByTheAri
             },
             testing::KilledBySignal(SIGFPE), whole(logBefore(GetParam().mLine, number)))
             << number;
-        EXPECT_EQ(namesOf(resultFiles(mProblem.directory())),
+        EXPECT_EQ(namesOf(resultFilesIn(mProblem.directory().path())),
                   (Names{"E_at_1.res", "E_at_13.res", "E_at_18.res", "E_at_5.res", "E_at_9.res",
                          "Rho_Bloch0_at_1.res", "Rho_Bloch0_at_13.res", "Rho_Bloch0_at_18.res",
                          "Rho_Bloch0_at_5.res", "Rho_Bloch0_at_9.res", "captors.res",
@@ -665,7 +651,7 @@ TEST_P(QV_ProblemMethodTest, WithoutSystemsOnlyTheFieldIsAdvanced)
 {
     mProblem->resetBlochEquations();
     EXPECT_EQ(mProblem.run(), 0);
-    EXPECT_EQ(namesOf(resultFiles(mProblem.directory())),
+    EXPECT_EQ(namesOf(resultFilesIn(mProblem.directory().path())),
               (Names{"E_at_1.res", "E_at_13.res", "E_at_18.res", "E_at_5.res", "E_at_9.res",
                      "captors.res", "level_Frequencies.res", "tps.res"}));
     EXPECT_EQ(mProblem.directory().read("level_Frequencies.res"), "");
@@ -734,7 +720,7 @@ TEST_F(QV_ProblemTest, ARunGoesThroughItsVirtualOperationsAndHandsOnTheirResults
     problem->mInitialized = -7;
     EXPECT_EQ(run(), -7);
     EXPECT_EQ(problem->mCalls, Names{"initialize"});
-    EXPECT_EQ(resultFiles(mProblem.directory()), Files{});
+    EXPECT_EQ(resultFilesIn(mProblem.directory().path()), ResultFiles{});
 
     problem->mInitialized = 1;
     problem->mSolved = 5;
@@ -1017,10 +1003,10 @@ TEST_F(QV_ProblemTest, AWatcherThatEndsTheProcessLeavesCompleteLines)
             mProblem->run(mProblem.out());
         },
         testing::ExitedWithCode(5), whole(logBefore(methods()[4].mLine, 2000)));
-    const Files cut = resultFiles(mProblem.directory());
+    const ResultFiles cut = resultFilesIn(mProblem.directory().path());
     ASSERT_EQ(cut.size(), 13UL);
     ASSERT_EQ(mProblem.run(), 0);
-    for (const auto& [name, text] : resultFiles(mProblem.directory())) {
+    for (const auto& [name, text] : resultFilesIn(mProblem.directory().path())) {
         const bool isSeries = name != "captors.res" && name != "level_Frequencies.res";
         EXPECT_EQ(linesOf(cut.at(name)), isSeries ? 1234 : linesOf(text)) << name;
         EXPECT_EQ(cut.at(name), text.substr(0, cut.at(name).size())) << name;
@@ -1179,7 +1165,7 @@ TEST_F(QV_ProblemTest, TwoSystemsAndFiveSavingNodesGiveEighteenFiles)
 {
     mProblem.addSystem();
     ASSERT_EQ(mProblem.run(), 0);
-    EXPECT_EQ(namesOf(resultFiles(mProblem.directory())),
+    EXPECT_EQ(namesOf(resultFilesIn(mProblem.directory().path())),
               (Names{"E_at_1.res", "E_at_13.res", "E_at_18.res", "E_at_5.res", "E_at_9.res",
                      "Rho_Bloch0_at_1.res", "Rho_Bloch0_at_13.res", "Rho_Bloch0_at_18.res",
                      "Rho_Bloch0_at_5.res", "Rho_Bloch0_at_9.res", "Rho_Bloch1_at_1.res",
@@ -1193,7 +1179,7 @@ TEST_F(QV_ProblemTest, TwoCaptorsOnOneNodeGiveOneFile)
     captors->setValues(50.0, 52.0);
     mProblem.milieu().setCaptors(*captors);
     ASSERT_EQ(mProblem.run(), 0);
-    EXPECT_EQ(namesOf(resultFiles(mProblem.directory())),
+    EXPECT_EQ(namesOf(resultFilesIn(mProblem.directory().path())),
               (Names{"E_at_1.res", "E_at_18.res", "E_at_9.res", "Rho_Bloch0_at_1.res",
                      "Rho_Bloch0_at_18.res", "Rho_Bloch0_at_9.res", "captors.res",
                      "level_Frequencies.res", "tps.res"}));
@@ -1247,11 +1233,11 @@ protected:
 
     /// Runs, and writes beside it what each series must hold. A step's density is the one at its end.
     /// The field is the one at its end too, but where Ampere comes last it is the one before.
-    Files expectedSeries()
+    ResultFiles expectedSeries()
     {
         const bool isBeforeAmpere = GetParam().mNumber == QV_Problem::CN_dtP_METHOD
                                     || GetParam().mNumber == QV_Problem::SPLIT_METHOD;
-        Files expected;
+        ResultFiles expected;
         Values before;
         mProblem->setWatcher([&] {
             const Values now = valuesOf(mProblem.maxwell().getField(QV_Maxwell::E_FIELD));
@@ -1265,7 +1251,7 @@ protected:
     }
 
 private:
-    void appendStep(double t, const Values& E, Files& expected) const
+    void appendStep(double t, const Values& E, ResultFiles& expected) const
     {
         const unsigned long dimension = mProblem.maxwell().getDimension();
         for (const unsigned long node : nodes) {
@@ -1314,13 +1300,13 @@ private:
 TEST_P(QV_ProblemSeriesTest, EveryLineOfEverySeriesToTheByte)
 {
     mProblem.addSystem();
-    const Files expected = expectedSeries();
+    const ResultFiles expected = expectedSeries();
     for (const auto& [name, text] : expected) {
         EXPECT_EQ(mProblem.directory().read(name), text) << name;
         EXPECT_EQ(linesOf(text), 20) << name;
     }
     EXPECT_EQ(expected.size(), 16UL);
-    EXPECT_EQ(resultFiles(mProblem.directory()).size(), 18UL);
+    EXPECT_EQ(resultFilesIn(mProblem.directory().path()).size(), 18UL);
 }
 
 INSTANTIATE_TEST_SUITE_P(Methods, QV_ProblemSeriesTest, testing::ValuesIn(methods()), nameOfMethod);
@@ -1336,7 +1322,7 @@ TEST_P(QV_ProblemTwoComponentsTest, AFieldLineHasThreeNumbersAndTheSecondCompone
 {
     mProblem.maxwell().setDimension(2);
     QV_Bloch::setPolarizationsSize(2); // the second dipole is like the first
-    const Files expected = expectedSeries();
+    const ResultFiles expected = expectedSeries();
     for (const auto& [name, text] : expected) {
         EXPECT_EQ(mProblem.directory().read(name), text) << name;
     }
@@ -1365,7 +1351,7 @@ TEST_F(QV_ProblemTest, APathWithoutSlashIsGluedToTheNames)
 {
     mProblem->setSavingPath(mProblem.directory().file("run"));
     ASSERT_EQ(mProblem.run(), 0);
-    EXPECT_EQ(namesOf(resultFiles(mProblem.directory())),
+    EXPECT_EQ(namesOf(resultFilesIn(mProblem.directory().path())),
               (Names{"runE_at_1.res", "runE_at_13.res", "runE_at_18.res", "runE_at_5.res",
                      "runE_at_9.res", "runRho_Bloch0_at_1.res", "runRho_Bloch0_at_13.res",
                      "runRho_Bloch0_at_18.res", "runRho_Bloch0_at_5.res", "runRho_Bloch0_at_9.res",
@@ -1376,7 +1362,7 @@ TEST_F(QV_ProblemTest, AnEmptyPathIsTheWorkingDirectory)
 {
     mProblem->setSavingPath("");
     ASSERT_EQ(mProblem.run(), 0);
-    EXPECT_EQ(resultFiles(mProblem.directory()).size(), 13UL);
+    EXPECT_EQ(resultFilesIn(mProblem.directory().path()).size(), 13UL);
 }
 
 TEST_F(QV_ProblemTest, AMissingDirectoryEndsTheProcessAtTheFirstFile)
@@ -1437,7 +1423,7 @@ TEST_P(QV_ProblemObstacleTest, AFileThatCannotBeMadeEndsTheProcessInItsTurn)
             mProblem->initSaving(mProblem.directory().slashed());
         },
         testing::ExitedWithCode(0), whole(expected));
-    EXPECT_EQ(resultFiles(mProblem.directory()).size(), GetParam().mMade);
+    EXPECT_EQ(resultFilesIn(mProblem.directory().path()).size(), GetParam().mMade);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -1477,12 +1463,12 @@ TEST_P(QV_ProblemFullDiskTest, IsToldByOneLineOnStandardErrorAndRemembered)
               "The file " + file + " could not be written completely.\n");
     EXPECT_FALSE(mProblem->isSavingComplete());
     // All other files are complete.
-    const Files files = resultFiles(mProblem.directory());
+    const ResultFiles files = resultFilesIn(mProblem.directory().path());
     EXPECT_EQ(files.size(), 12UL);
     std::filesystem::remove(file);
     EXPECT_EQ(mProblem.run(), 0);
     EXPECT_TRUE(mProblem->isSavingComplete());
-    EXPECT_EQ(namesOf(resultFiles(mProblem.directory())).size(), 13UL);
+    EXPECT_EQ(namesOf(resultFilesIn(mProblem.directory().path())).size(), 13UL);
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, QV_ProblemFullDiskTest,
@@ -1498,13 +1484,13 @@ INSTANTIATE_TEST_SUITE_P(Files, QV_ProblemFullDiskTest,
 TEST_F(QV_ProblemTest, DecimalCommasOfTheProcessChangeNoFileAndNoLog)
 {
     ASSERT_EQ(mProblem.run(), 0);
-    const Files expected = resultFiles(mProblem.directory());
+    const ResultFiles expected = resultFilesIn(mProblem.directory().path());
     const std::string log = withoutTime(mProblem.log());
     mProblem.release();
     const CommaLocale comma;
     StableProblem other;
     ASSERT_EQ(other.run(), 0);
-    EXPECT_EQ(resultFiles(other.directory()), expected);
+    EXPECT_EQ(resultFilesIn(other.directory().path()), expected);
     EXPECT_EQ(withoutTime(other.log()), log);
 }
 
@@ -1529,7 +1515,7 @@ TEST_F(QV_ProblemTest, MoreFilesAreOpenedThanTheLimitOfTheProcessAllowedBefore)
         return mProblem->closeSaving() ? 11 : 12;
     });
     EXPECT_EQ(end, 11);
-    EXPECT_EQ(resultFiles(mProblem.directory()).size(), 3UL + 98 * 2);
+    EXPECT_EQ(resultFilesIn(mProblem.directory().path()).size(), 3UL + 98 * 2);
 }
 
 TEST_F(QV_ProblemTest, AllFilesStayOpenAndBufferedUntilTheEnd)
@@ -1639,7 +1625,7 @@ TEST_P(QV_ProblemBadMeshTest, EndsTheRunWithMinusTwoAfterOneLine)
         EXPECT_EQ(mProblem.run(), -2);
         EXPECT_EQ(mProblem.log(), made + MESH_LINE);
     }
-    EXPECT_EQ(resultFiles(mProblem.directory()), Files{});
+    EXPECT_EQ(resultFilesIn(mProblem.directory().path()), ResultFiles{});
     EXPECT_FALSE(std::filesystem::exists("paramBeforeSolving.xml"));
     // With sane data the same problem runs.
     mProblem.setNodes(20);
@@ -1675,7 +1661,7 @@ TEST_F(QV_ProblemTest, WithoutMediumFieldOrWaveARunEndsWithMinusTwoAfterOneLine)
     mProblem->resetMaxwellSystem();
     EXPECT_EQ(mProblem.run(), -2);
     EXPECT_EQ(mProblem.log(), line);
-    EXPECT_EQ(resultFiles(mProblem.directory()), Files{});
+    EXPECT_EQ(resultFilesIn(mProblem.directory().path()), ResultFiles{});
 }
 
 namespace {
@@ -1755,17 +1741,17 @@ TEST_F(QV_ProblemTest, ASecondRunKeepsCellSizeAndActiveZoneOfTheFirst)
 TEST_F(QV_ProblemTest, ASecondRunGoesOnFromTheStateOfTheEndsAndAFreshProblemDoesNot)
 {
     ASSERT_EQ(mProblem.run(), 0);
-    const Files first = resultFiles(mProblem.directory());
+    const ResultFiles first = resultFilesIn(mProblem.directory().path());
     ASSERT_EQ(mProblem.run(), 0);
     // The density has seen nothing of it in the first step, node 18 nor its neighbour.
-    const Files second = resultFiles(mProblem.directory());
+    const ResultFiles second = resultFilesIn(mProblem.directory().path());
     EXPECT_EQ(second.at("tps.res"), first.at("tps.res"));
     EXPECT_EQ(second.at("captors.res"), first.at("captors.res"));
     EXPECT_NE(second.at("E_at_18.res"), first.at("E_at_18.res"));
     mProblem.release();
     StableProblem fresh;
     ASSERT_EQ(fresh.run(), 0);
-    EXPECT_EQ(resultFiles(fresh.directory()), first);
+    EXPECT_EQ(resultFilesIn(fresh.directory().path()), first);
 }
 
 TEST_F(QV_ProblemTest, ASavedProjectKeepsTheStateOfItsLastRun)

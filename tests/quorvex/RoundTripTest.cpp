@@ -1,35 +1,19 @@
 #include "linearAlgebra/LA_RealVector.h"
 #include "quorvex/QV_LoaderWriter.h"
+#include "support/ResultFiles.h"
 #include "support/TestProblem.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
-#include <map>
 #include <sstream>
 #include <vector>
 
 namespace {
 
-using Files = std::map<std::string, std::string>;
-
-/// The result files of a directory, by their names.
-Files resultsIn(const TestDirectory& directory)
-{
-    Files files;
-    for (const auto& entry : std::filesystem::directory_iterator(directory.path())) {
-        const std::string name = entry.path().filename().string();
-        if (name.ends_with(".res")) {
-            files[name] = directory.read(name);
-        }
-    }
-    return files;
-}
-
 /// Runs the problem of a parameters file in a process-wide state as at the start, and gives its files.
-Files resultsOf(const std::string& file, unsigned long steps)
+ResultFiles resultsOf(const std::string& file, unsigned long steps)
 {
     const TestProblem problem;
     const COM_Scoped loader(QV_LoaderWriter::New());
@@ -39,7 +23,7 @@ Files resultsOf(const std::string& file, unsigned long steps)
         problem->setSavingPath(problem.directory().slashed());
         EXPECT_EQ(problem->run(problem.out()), 0);
     });
-    return resultsIn(problem.directory());
+    return resultFilesIn(problem.directory().path());
 }
 
 void save(const std::string& file, QV_Problem& problem)
@@ -105,8 +89,8 @@ TEST_P(RoundTripTest, AProblemOfSevenDigitsGivesTheSameResultFilesBeforeAndAfter
         });
     }
     constexpr unsigned long steps = 60;
-    const Files before = resultsOf(directory.file("made.xml"), steps);
-    const Files after = resultsOf(directory.file("again.xml"), steps);
+    const ResultFiles before = resultsOf(directory.file("made.xml"), steps);
+    const ResultFiles after = resultsOf(directory.file("again.xml"), steps);
     ASSERT_EQ(before.size(), 3 + 5 * (1 + systems));
     EXPECT_EQ(before, after);
     // The pulse is there: equal files of zeros would prove nothing.
@@ -119,7 +103,7 @@ TEST(RoundTrip, TheDefaultProblemComesBackWithinTheDigitsOfItsCarrier)
 {
     constexpr unsigned long steps = 2000;
     const TestDirectory directory;
-    Files before;
+    ResultFiles before;
     {
         const TestDirectory results;
         const WorkingDirectory inside(results.path());
@@ -131,10 +115,10 @@ TEST(RoundTrip, TheDefaultProblemComesBackWithinTheDigitsOfItsCarrier)
             const COM_Scoped out(TestOut::New());
             EXPECT_EQ(problem->run(*out), 0);
         });
-        before = resultsIn(results);
+        before = resultFilesIn(results.path());
     }
     QV_Bloch::resetShared();
-    const Files after = resultsOf(directory.file("default.xml"), steps);
+    const ResultFiles after = resultsOf(directory.file("default.xml"), steps);
     ASSERT_EQ(after.size(), before.size());
     ASSERT_EQ(before.size(), 3U + 5U * 2U);
     unsigned long compared = 0;

@@ -6,6 +6,7 @@
 #include "quorvexGui/QVG_CheckWindow.h"
 #include "quorvexGui/TestMainWindow.h"
 #include "support/DialogAnswers.h"
+#include "support/ResultFiles.h"
 
 #include <QMessageBox>
 #include <QProgressBar>
@@ -54,19 +55,6 @@ std::string reportAfterCheck(const TestMainWindow& window, const std::string& an
     }
     printedBy([&window] { window.action(QVG_MainMenu::RUN, 0).trigger(); });
     return text;
-}
-
-/// The result files of a directory, by name.
-std::map<std::string, std::string> results(const TestDirectory& directory, const std::string& name)
-{
-    std::map<std::string, std::string> files;
-    for (const auto& entry : std::filesystem::directory_iterator(directory.file(name))) {
-        if (entry.path().extension() == ".res") {
-            const std::string file = entry.path().filename();
-            files[file] = directory.read(name + "/" + file);
-        }
-    }
-    return files;
 }
 
 /// For a process that ends in the midst of the toolkit: what its libraries hold by then is no leak of ours.
@@ -354,8 +342,8 @@ TEST(QVG_ActionRun, ResultsEqualThoseOfTheBatchProgramOnTheSavedProject)
                               + window.file("parameters.xml") + "' > '"
                               + window.directory().file("batch.log") + "' 2>&1";
     ASSERT_EQ(std::system(batch.c_str()), 0) << window.directory().read("batch.log");
-    const auto ours = results(window.directory(), "project");
-    const auto theirs = results(window.directory(), "batch");
+    const auto ours = resultFilesIn(window.directory().file("project"));
+    const auto theirs = resultFilesIn(window.directory().file("batch"));
     EXPECT_GE(ours.size(), 5U);
     EXPECT_EQ(ours, theirs);
 }
