@@ -876,10 +876,7 @@ public:
         return note("RelaxDiag", t, dt);
     }
     bool solveBlochSplit(double t, double dt) override { return note("Split", t, dt); }
-    bool solveBlochSplitInit(double /*t*/, double dt) override
-    {
-        return note("SplitInit", 0.0, dt);
-    }
+    bool solveBlochSplitInit(double t, double dt) override { return note("SplitInit", t, dt); }
 
 protected:
     NotingBloch(Names& calls, std::string name)
