@@ -15,7 +15,8 @@
 namespace {
 
 constexpr unsigned long defaultWidth = 8;
-constexpr unsigned long defaultPrecision = 6;
+constexpr unsigned long defaultPrecision = 6; ///< Of forms and result files: seven digits.
+constexpr unsigned long mostAppended = 30;    ///< Precision that `append` goes up to.
 constexpr unsigned long longest =
     100000;                        ///< A double has at most 767 digits; more are zeros or blanks.
 constexpr double rounding = 1e-12; ///< Step of `surround`.
@@ -25,8 +26,6 @@ locale_t cLocale()
     static const locale_t locale = newlocale(LC_ALL_MASK, "C", nullptr);
     return locale;
 }
-
-constexpr int usualPrecision = 6; ///< Of result files: seven digits.
 
 /// A power of ten, wrong by 2^-64 of itself at most.
 struct Power
@@ -84,7 +83,7 @@ bool findSevenDigits(double x, unsigned& digits, int& exponent)
     // That of 2^binary, by log10(2) to 18 binary places: the one of x, or one below it.
     exponent = (binary * 78913) >> 18;
     for (;; ++exponent) {
-        const Power& power = powers[placeOf(usualPrecision - exponent)];
+        const Power& power = powers[placeOf(static_cast<int>(defaultPrecision) - exponent)];
         const Product product = static_cast<Product>(mantissa) * power.mMantissa;
         const auto shift = static_cast<unsigned>(places - binary - power.mExponent); // 88 to 97
         digits = static_cast<unsigned>(product >> shift);
@@ -132,16 +131,17 @@ char* writeSevenDigits(char* to, bool isNegative, unsigned digits, int exponent)
 }
 
 /// Writes `x` in scientific form to [first, last), with the characters of printf, and returns its end.
-char* scientific(char* first, char* last, double x, int precision)
+char* scientific(char* first, char* last, double x, unsigned long precision)
 {
     if constexpr (hasPowers) {
         unsigned digits = 0;
         int exponent = 0;
-        if (precision == usualPrecision && (x == 0.0 || findSevenDigits(x, digits, exponent))) {
+        if (precision == defaultPrecision && (x == 0.0 || findSevenDigits(x, digits, exponent))) {
             return writeSevenDigits(first, std::signbit(x), digits, exponent);
         }
     }
-    return std::to_chars(first, last, x, std::chars_format::scientific, precision).ptr;
+    return std::to_chars(first, last, x, std::chars_format::scientific, static_cast<int>(precision))
+        .ptr;
 }
 
 } // namespace
@@ -164,16 +164,16 @@ std::string COM_Real::toString(double x)
 
 std::string COM_Real::toString(double x, unsigned long width, unsigned long precision)
 {
-    if (width <= defaultWidth && precision == defaultPrecision) {
+    const unsigned long length = std::min(width, longest);
+    if (precision <= mostAppended) {
         std::string text;
-        append(text, x, width, precision);
+        append(text, x, length, precision);
         return text;
     }
-    const auto digits = static_cast<int>(std::min(precision, longest));
-    std::vector<char> buffer(static_cast<std::size_t>(digits) + 32);
+    const unsigned long digits = std::min(precision, longest);
+    std::vector<char> buffer(digits + 32);
     const char* const end = scientific(buffer.data(), buffer.data() + buffer.size(), x, digits);
     std::string text(static_cast<const char*>(buffer.data()), end);
-    const unsigned long length = std::min(width, longest);
     if (text.size() < length) {
         text.insert(0, length - text.size(), ' ');
     }
@@ -185,11 +185,16 @@ std::string COM_Real::toString(double x, double step)
     return toString(step * std::floor(x / step));
 }
 
+void COM_Real::append(std::string& text, double x)
+{
+    append(text, x, defaultWidth, defaultPrecision);
+}
+
 void COM_Real::append(std::string& text, double x, unsigned long width, unsigned long precision)
 {
     char buffer[64];
     const char* const end =
-        scientific(buffer, buffer + sizeof buffer, x, static_cast<int>(std::min(precision, 30UL)));
+        scientific(buffer, buffer + sizeof buffer, x, std::min(precision, mostAppended));
     const auto length = static_cast<unsigned long>(end - buffer);
     if (length < width) {
         text.append(width - length, ' ');

@@ -19,6 +19,8 @@ public:
     static std::string toString(double x, unsigned long width, unsigned long precision);
     /// `x` rounded down to a multiple of `step`.
     static std::string toString(double x, double step);
+    /// Appends the text of `toString(x)`.
+    static void append(std::string& text, double x);
     /// Appends the text of `toString(x, width, precision)` for a precision of at most 30, without
     /// allocating when `text` has room: result files are written with it.
     static void append(std::string& text, double x, unsigned long width, unsigned long precision);

@@ -1,6 +1,7 @@
 #include "metaModel/MM_ClassText.h"
 
 #include "common/COM_Real.h"
+#include "metaModel/MM_Object.h"
 #include "metaModel/MM_Parser.h"
 
 #include <algorithm>
@@ -8,9 +9,6 @@
 
 namespace {
 
-// Width and precision of the numbers of COM_Real::toString.
-constexpr unsigned long width = 8;
-constexpr unsigned long precision = 6;
 constexpr std::size_t longestInteger = 20; ///< Characters of a 64 bit integer.
 
 template <typename Integer>
@@ -122,7 +120,7 @@ void MM_ClassText::endValue()
 
 void MM_ClassText::append(double value)
 {
-    COM_Real::append(mText, value, width, precision);
+    COM_Real::append(mText, value);
 }
 
 void MM_ClassText::append(const std::complex<double>& value)

@@ -202,7 +202,7 @@ TEST(COM_Real, AppendingGivesTheTextOfToStringBehindWhatIsThere)
         const auto precision = static_cast<unsigned long>(i % 31);
         text = "ab";
         COM_Real::append(text, x, width, precision);
-        expected = "ab" + COM_Real::toString(x, width, precision);
+        expected = "ab" + printed(x, width, precision);
         ASSERT_EQ(text, expected);
     }
 }
