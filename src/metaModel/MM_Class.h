@@ -55,13 +55,16 @@ public:
     void removeNewParameters() { mNewParameters.clear(); }
     std::vector<std::string> getNewParameters() const { return mNewParameters; }
 
-    /// Fields told by name go to `text` from now on, in place of this node. Null: they stay here.
+    /// Fields told by name go to `text` from now on, in place of this node, and cannot be asked for here.
+    /// Null: they stay here.
     void setText(MM_ClassText* text) { mText = text; }
 
+    // A field of that name, with one value or with several in order.
     template <typename T>
     void addAttributeToMetaFields(const std::string& name, const T& value);
     template <typename T>
     void addAttributeToMetaFields(const std::string& name, const std::vector<T>& values);
+    /// The same for `count` values that lie side by side.
     template <typename T>
     void addAttributeToMetaFields(const std::string& name, const T* values, unsigned long count);
     /// The first value of the field. A missing field is announced; without field or value `*value` stays.
@@ -107,6 +110,7 @@ private:
     bool isForText(const std::string& name) const { return mText != nullptr && !name.empty(); }
     /// Starts a field in the text; false, and no values may follow, when it is not to be written.
     bool beginText(const std::string& name);
+    /// Requires: `isForText(name)`.
     template <typename Iterator>
     void addAttributeToText(const std::string& name, Iterator first, Iterator last);
 

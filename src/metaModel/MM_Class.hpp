@@ -4,11 +4,7 @@
 template <typename T>
 void MM_Class::addAttributeToMetaFields(const std::string& name, const T& value)
 {
-    if (isForText(name)) {
-        addAttributeToText(name, &value, &value + 1);
-        return;
-    }
-    addAttributeToMetaFields(name, std::vector<T>{value});
+    addAttributeToMetaFields(name, &value, 1);
 }
 
 template <typename T>
@@ -93,18 +89,13 @@ void MM_Class::addAssociationToMetaFields(const std::string& name, const COM_Arr
 template <typename K, typename T>
 void MM_Class::addAssociationToMetaFields(const std::string& name, const COM_Map<K, T>& objects)
 {
+    const COM_Scoped values(COM_Array<T>::New(false));
+    objects.values(*values);
     if (!isForText(name)) {
         const COM_Scoped field(MM_Field::New(name));
         addToMetaFields(*field);
         field->setMetaValues(objects);
-        for (const K& key : objects.keys()) {
-            describe(objects[key]);
-        }
-        return;
-    }
-    const COM_Scoped values(COM_Array<T>::New(false));
-    objects.values(*values);
-    if (beginText(name)) {
+    } else if (beginText(name)) {
         unsigned long i = 0;
         for (const K& key : objects.keys()) {
             mText->addIdentity(COM_String::toString(key), (*values)[i++]);

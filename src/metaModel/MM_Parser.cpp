@@ -9,7 +9,6 @@
 #include <bitset>
 #include <fstream>
 #include <iostream>
-#include <limits>
 #include <map>
 #include <new>
 #include <unordered_map>
@@ -85,7 +84,7 @@ private:
         const MM_Object* mObject;
     };
 
-    /// Decimal digits in byte order: of two numbers of which one begins with the other, the shorter first.
+    /// The byte order of the decimal digits: of two numbers of which one begins with the other, the shorter first.
     static bool isBefore(const Entry& a, const Entry& b)
     {
         return a.mOrder != b.mOrder
@@ -93,6 +92,7 @@ private:
                    : a.mObject->getIdentityNumber() < b.mObject->getIdentityNumber();
     }
 
+    /// Requires: `number` is not 0, which no identity number is.
     static unsigned long moveLeft(unsigned long number)
     {
         constexpr unsigned long nineteenDigits = 1000000000000000000;
@@ -163,11 +163,10 @@ private:
     static constexpr std::size_t BLOCK_SIZE = 1 << 18; ///< Bytes given to the file at once.
     static constexpr char SEPARATOR = '@';             ///< Between class name and number.
 
-    bool mIsComplete =
-        false; ///< True when all objects are known, and only their texts are asked for.
+    bool mIsComplete = false; ///< True when all objects are known, and only texts are asked for.
     IdentityNumbers mKnown;
-    std::map<std::string, std::vector<Entry>>
-        mClasses; ///< By class name and separator, in the order of identity strings. Objects are borrowed.
+    /// By class name and separator, in the order of identity strings. Objects are borrowed.
+    std::map<std::string, std::vector<Entry>> mClasses;
     std::vector<const MM_Object*> mWaiting; ///< Not asked yet for what they refer to. Borrowed.
     MM_ClassText mText;
 };
