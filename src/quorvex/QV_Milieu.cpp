@@ -66,7 +66,7 @@ void sortByLocation(std::vector<T*>& found, COM_Array<T>& out)
     out.setSize(0);
     const long largest = largestLocation(found);
     if (largest >= 0 && static_cast<std::size_t>(largest) < found.size()) {
-        // The numbers of a mesh have no gaps: each is the place of its object.
+        // The numbers of a mesh have no gaps: each is the place of its object. `add` passes over an empty place.
         std::vector<T*> places(static_cast<std::size_t>(largest) + 1, nullptr);
         for (T* object : found) {
             places[static_cast<std::size_t>(object->getLocationNumber())] = object;

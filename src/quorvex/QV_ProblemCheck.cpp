@@ -453,11 +453,7 @@ void QV_ProblemCheck::noteDensity()
     if (density == nullptr || mProblem.getBlochEquations()->size() == 0) {
         return;
     }
-    double sum = 0.0;
-    for (unsigned long i = 0; i < std::min(density->getLinesNumber(), density->getColumnsNumber());
-         ++i) {
-        sum += density->getValue(i, i).real();
-    }
+    const double sum = density->trace().real();
     if (!(std::fabs(sum - 1.0) <= populationError)) {
         add(NOTE, "Density Matrix", text(sum),
             "the populations add up to %1 and not to 1; a number is typed with its parentheses, as "
