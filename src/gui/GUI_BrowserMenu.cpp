@@ -61,9 +61,9 @@ GUI_RootMenu& GUI_BrowserMenu::addMenu(const std::string& name)
 void GUI_BrowserMenu::createFileMenu()
 {
     GUI_RootMenu& menu = addMenu(translate("&File"));
-    addTool(menu, GUI_ActionBrowserNewWindow::New(getWindow()), TOOL_BAR_NAME);
-    addTool(menu, GUI_ActionBrowserLoad::New(getWindow()), TOOL_BAR_NAME);
-    addTool(menu, GUI_ActionBrowserPrint::New(getWindow()), TOOL_BAR_NAME);
+    addTool(menu, GUI_ActionBrowserNewWindow::New(getWindow()));
+    addTool(menu, GUI_ActionBrowserLoad::New(getWindow()));
+    addTool(menu, GUI_ActionBrowserPrint::New(getWindow()));
     add(menu, GUI_ActionBrowserClose::New(getWindow()));
 }
 
@@ -71,9 +71,9 @@ void GUI_BrowserMenu::createNavigatorMenu()
 {
     mNavigatorName = translate("&Navigator");
     GUI_RootMenu& menu = addMenu(mNavigatorName);
-    addTool(menu, GUI_ActionBrowserBack::New(getWindow()), TOOL_BAR_NAME);
-    addTool(menu, GUI_ActionBrowserNext::New(getWindow()), TOOL_BAR_NAME);
-    addTool(menu, GUI_ActionBrowserHome::New(getWindow()), TOOL_BAR_NAME);
+    addTool(menu, GUI_ActionBrowserBack::New(getWindow()));
+    addTool(menu, GUI_ActionBrowserNext::New(getWindow()));
+    addTool(menu, GUI_ActionBrowserHome::New(getWindow()));
     setBackwardAvailable(false);
     setForwardAvailable(false);
 }

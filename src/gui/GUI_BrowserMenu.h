@@ -11,7 +11,6 @@ class GUI_BrowserMenu : public GUI_MenuPanel
     COM_CLASS(GUI_BrowserMenu)
 public:
     static constexpr unsigned char COMPO_PATH = 0; ///< Of the combo box.
-    static constexpr const char* TOOL_BAR_NAME = "toolbar";
 
     /// Null when it was taken out.
     GUI_ComboBox* getComboPath() const;

@@ -252,13 +252,12 @@ void GUI_BrowserWindow::setPathSelected(const std::string& path)
 
 bool GUI_BrowserWindow::isInHistory(const std::string& path) const
 {
-    const COM_Scoped history(COM_Array<COM_String>::New());
-    getHistory(*history);
-    bool isKnown = false;
-    for (unsigned long i = 0; i < history->size(); ++i) {
-        isKnown = isKnown || (*history)[i].getString() == path;
+    for (const int id : mHistory->keys()) {
+        if ((*mHistory)[id].getString() == path) {
+            return true;
+        }
     }
-    return isKnown;
+    return false;
 }
 
 void GUI_BrowserWindow::addToPaths(const std::string& path)

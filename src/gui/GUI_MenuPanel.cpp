@@ -53,10 +53,10 @@ void GUI_MenuPanel::add(GUI_RootMenu& menu, GUI_Action* newAction)
     menu.addToActions(*action);
 }
 
-void GUI_MenuPanel::addTool(GUI_RootMenu& menu, GUI_Action* newAction, const std::string& toolBar)
+void GUI_MenuPanel::addTool(GUI_RootMenu& menu, GUI_Action* newAction)
 {
     const COM_Scoped action(newAction);
-    menu.addToActions(*action, toolBar);
+    menu.addToActions(*action, TOOL_BAR_NAME);
 }
 
 unsigned long GUI_MenuPanel::getInverseAgregatedObjectsCount() const

@@ -22,6 +22,9 @@ class GUI_MenuPanel : public QMenuBar, public GUI_Object
 {
     COM_CLASS(GUI_MenuPanel)
 public:
+    /// The bar that the tools of all menus share.
+    static constexpr const char* TOOL_BAR_NAME = "toolbar";
+
     /// A component of a tool bar was used.
     virtual void componentClicked(GUI_ActionComponent& component);
     /// Called after each action, to enable what can be used now.
@@ -61,10 +64,9 @@ protected:
     explicit GUI_MenuPanel(GUI_ParentWindow* window);
     ~GUI_MenuPanel() override;
 
-    // Each takes over the reference to a new action. Tools stand in the bar of that name, too.
+    // Each takes over the reference to a new action. Tools stand in the bar `TOOL_BAR_NAME`, too.
     static void add(GUI_RootMenu& menu, GUI_Action* newAction);
-    static void addTool(GUI_RootMenu& menu, GUI_Action* newAction,
-                        const std::string& toolBar = "toolbar");
+    static void addTool(GUI_RootMenu& menu, GUI_Action* newAction);
 
     unsigned long getInverseAgregatedObjectsCount() const override;
     void resetInverseAgregatedObjects() override;
