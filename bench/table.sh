@@ -23,6 +23,7 @@ rates() {
             print variant, name[2], name[3], $NF + 0
         }'
 }
+# The plain form has no variants: its name here is none that the solver knows.
 { rates form plain 1; for variant in baseline avx2 avx512; do rates $variant solver 3; done; } | awk '
     {
         key = $2 " | " $3
