@@ -38,6 +38,7 @@ void GUI_ListBox::removeFromItems(int index)
 {
     const QSignalBlocker blocker(this);
     delete takeItem(index);
+    updateGeometry();
 }
 
 std::string GUI_ListBox::getItemText(int index) const

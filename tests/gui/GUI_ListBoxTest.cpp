@@ -183,6 +183,17 @@ TEST(GUI_ListBox, IsWiderForLongNamesWithinALimit)
     EXPECT_EQ(list.sizeHint().width(), 40 * list.fontMetrics().averageCharWidth());
 }
 
+TEST(GUI_ListBox, TellsItsLayoutOfALongNameThatComesAndGoes)
+{
+    const TestForm form;
+    GUI_ListBox& list = addPlanets(form);
+    const int narrow = form.layout().sizeHint().width();
+    list.addToItems("A planet whose name is long");
+    EXPECT_GT(form.layout().sizeHint().width(), narrow);
+    list.removeFromItems(3);
+    EXPECT_EQ(form.layout().sizeHint().width(), narrow);
+}
+
 TEST(GUI_ListBox, CanBeDisabled)
 {
     const COM_Scoped panel(TestPanel::New());
