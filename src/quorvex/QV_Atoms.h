@@ -1,7 +1,6 @@
 #pragma once
 
-/// What the kernels need to know of one class of atoms, all of it dimensionless: plain arrays, borrowed for
-/// one call. Matrices are n by n, row after row; complex values are pairs, real part first.
+/// What the kernels need to know of one class of atoms, all of it dimensionless: plain arrays, borrowed. Matrices are n by n, row after row; complex values are pairs, real part first.
 struct QV_Atoms
 {
     unsigned long mLevels;     ///< n.
@@ -15,4 +14,7 @@ struct QV_Atoms
     double mDzeta;             ///< Coupling of the polarization to the field.
     double mConvergence;       ///< Threshold of the iterations, relative to the first residual.
     unsigned long mIterationsMax;
+
+    /// The same arrays, not equal ones.
+    bool operator==(const QV_Atoms& other) const = default;
 };

@@ -578,6 +578,7 @@ void QV_Bloch::initDensities()
         mProblem->getMilieu()->getVertices(*vertices);
         nodes = vertices->size();
     }
+    mTermsRange = {0, 0};
     mDensities->setSize(0);
     const COM_Scoped block(LA_Block<std::complex<double>>::New(nodes * levelsSquared()));
     associate(mBlock, block.get());
@@ -594,6 +595,7 @@ void QV_Bloch::setDensity(const LA_ComplexMatrix& density, unsigned long index)
 {
     const COM_Scoped copy(LA_ComplexMatrix::New(density));
     copy->setDimensions(mLevelsNumber, mLevelsNumber);
+    mTermsRange = {0, 0};
     if (LA_ComplexMatrix* const present = getDensity(index)) {
         present->setDimensions(mLevelsNumber, mLevelsNumber);
         present->setValues(*copy);
@@ -821,12 +823,40 @@ unsigned long QV_Bloch::iterate(QV_IterationKernel::Scheme scheme, QV_Field& E, 
                                 const double* aux, double dt)
 {
     mIterations.resize(range.mCount);
+    const bool leavesTerms = QV_IterationKernel::leavesTerms(scheme);
     const QV_IterationKernel::Nodes nodes{range.mCount,
                                           packDensities() + 2 * levelsSquared() * range.mFirst,
-                                          E.getValues() + range.mFirst, aux, mIterations.data()};
-    mIterMax = QV_IterationKernel::advance(QV_InstructionSet::best(), scheme,
-                                           atoms(1, mPolarizations), dt, mDz * mDz, nodes, mWork);
+                                          E.getValues() + range.mFirst,
+                                          aux,
+                                          mIterations.data(),
+                                          newTerms(range, 1, leavesTerms)};
+    mIterMax = QV_IterationKernel::advance(QV_InstructionSet::best(), iterationTables(scheme, dt),
+                                           mDz * mDz, nodes, mWork);
     return mIterMax;
+}
+
+const QV_IterationKernel::Tables& QV_Bloch::iterationTables(QV_IterationKernel::Scheme scheme,
+                                                            double dt)
+{
+    const QV_Atoms present = atoms(1, mPolarizations);
+    const bool isKnown = mIsInRun && mIterationTables && mIterationTables->mScheme == scheme
+                         && mIterationTables->mDt == dt && mIterationTables->mAtoms == present;
+    if (!isKnown) {
+        mIterationTables.emplace(scheme, present, dt);
+    }
+    return *mIterationTables;
+}
+
+double* QV_Bloch::newTerms(const Range& range, unsigned long m, bool leavesTerms)
+{
+    mTermsRange = {0, 0};
+    if (!mIsInRun || !leavesTerms) {
+        return nullptr;
+    }
+    mTermsRange = range;
+    mTermsComponents = m;
+    mTerms.resize(range.mCount * m);
+    return mTerms.data();
 }
 
 void QV_Bloch::report(unsigned long firstNode, double t, double dt, const char* nodeWord,
@@ -932,6 +962,12 @@ bool QV_Bloch::solveBlochRelaxExtraDiag(double t, double dt)
     mIterMax = QV_RelaxKernel::advanceCoherences(
         atoms(1, mPolarizations), dt, E->getValue(range.mFirst, 0),
         packDensities() + 2 * levelsSquared() * range.mFirst, mWork);
+    if (mTermsRange.mCount > 0 && mTermsRange.mFirst == range.mFirst) {
+        mTerms[0] = 0.0;
+        QV_FieldKernel::addPolarization(QV_InstructionSet::best(), atoms(1, mPolarizations), 1.0, 1,
+                                        packDensities() + 2 * levelsSquared() * range.mFirst,
+                                        mTerms.data());
+    }
     mIterations.assign(1, mIterMax);
     report(range.mFirst, t, dt, "i:", false);
     return true;
@@ -961,6 +997,7 @@ bool QV_Bloch::solveBlochRelaxDiag(double t, double dt, const QV_Field& oldField
 
 bool QV_Bloch::solveBlochSplitInit(double /*t*/, double dt)
 {
+    mTables.reset();
     const double tau = mSplitType == RNHRN_SPLIT_TYPE ? dt * 0.5 : dt;
     const unsigned long n = mLevelsNumber;
     const QV_Field* const E = electricField(nullptr);
@@ -1055,15 +1092,22 @@ bool QV_Bloch::solveBlochSplit(double /*t*/, double dt)
                   << " used.\n";
     }
     const double tau = mSplitType == HRNH_SPLIT_TYPE ? dt * 0.5 : dt;
-    const QV_SplitKernel::Tables tables = splitTables(tau, E->getDimension(), isTreated);
+    const QV_SplitKernel::Tables& tables = splitTables(tau, E->getDimension(), isTreated);
     QV_SplitKernel::advance(
         QV_InstructionSet::best(), atoms(E->getDimension(), mPolarizations), tables, range.mCount,
-        packDensities() + 2 * levelsSquared() * range.mFirst, E->getValue(range.mFirst), mWork);
+        packDensities() + 2 * levelsSquared() * range.mFirst, E->getValue(range.mFirst),
+        newTerms(range, E->getDimension(), true), mWork);
     return isTreated;
 }
 
-QV_SplitKernel::Tables QV_Bloch::splitTables(double tau, unsigned long m, bool isTreated)
+const QV_SplitKernel::Tables& QV_Bloch::splitTables(double tau, unsigned long m, bool isTreated)
 {
+    const bool isShifted = mRelaxationType != PAULI_RELAXATION_TYPE;
+    const double* const rhoE = isShifted ? mRhoE->getValues() : nullptr;
+    if (mIsInRun && mTables && mTablesComponents == m && mTables->mOrder == mSplitType
+        && mTables->mTau == tau && mTables->mExpA == values(mExpA) && mTables->mRhoE == rhoE) {
+        return *mTables;
+    }
     const unsigned long n = mLevelsNumber;
     const unsigned long size = n * n;
     const unsigned long m2 = isTreated ? m * m : 0;
@@ -1112,9 +1156,10 @@ QV_SplitKernel::Tables QV_Bloch::splitTables(double tau, unsigned long m, bool i
         traces4[i] = trace((i / (m * m * m) + 1) * b * b * b + (i / (m * m) % m + 1) * b * b
                            + (i / m % m + 1) * b + i % m + 1);
     }
-    const bool isShifted = mRelaxationType != PAULI_RELAXATION_TYPE;
-    return {mSplitType, tau,     values(mExpA), decay,     isShifted ? mRhoE->getValues() : nullptr,
-            traces2,    traces3, traces4,       products2, products3};
+    mTables = {mSplitType, tau,     values(mExpA), decay,     rhoE,
+               traces2,    traces3, traces4,       products2, products3};
+    mTablesComponents = m;
+    return *mTables;
 }
 
 // ---------------------------------------------------------------- polarization
@@ -1149,6 +1194,20 @@ void QV_Bloch::computePolarizationTermAtIndex(unsigned long index, const double*
     }
 }
 
+void QV_Bloch::beginRun()
+{
+    endRun();
+    mIsInRun = true;
+}
+
+void QV_Bloch::endRun()
+{
+    mIsInRun = false;
+    mTermsRange = {0, 0};
+    mIterationTables.reset();
+    mTables.reset();
+}
+
 void QV_Bloch::addPolarizationTerms(long first, long last, unsigned long components, double factor,
                                     double* terms)
 {
@@ -1156,10 +1215,19 @@ void QV_Bloch::addPolarizationTerms(long first, long last, unsigned long compone
     if (first < 0 || last < first || !isScaled()) {
         return;
     }
-    QV_FieldKernel::addPolarization(
-        QV_InstructionSet::best(), atoms(components, mPolarizations), factor,
-        static_cast<unsigned long>(last - first + 1),
-        packDensities() + 2 * levelsSquared() * static_cast<unsigned long>(first), terms);
+    const auto from = static_cast<unsigned long>(first);
+    const auto count = static_cast<unsigned long>(last - first + 1);
+    if (mTermsComponents == components && from >= mTermsRange.mFirst
+        && from + count <= mTermsRange.mFirst + mTermsRange.mCount) {
+        const double* const known = mTerms.data() + (from - mTermsRange.mFirst) * components;
+        for (unsigned long i = 0; i < count * components; ++i) {
+            terms[i] += factor * known[i];
+        }
+        return;
+    }
+    QV_FieldKernel::addPolarization(QV_InstructionSet::best(), atoms(components, mPolarizations),
+                                    factor, count, packDensities() + 2 * levelsSquared() * from,
+                                    terms);
 }
 
 // ---------------------------------------------------------------- result files

@@ -8,6 +8,7 @@
 #include "quorvex/QV_SplitKernel.h"
 
 #include <complex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -91,6 +92,11 @@ public:
     /// The same with the density of node `index`; 0 beyond the last node.
     void computePolarizationTermAtIndex(unsigned long index, const double* E,
                                         LA_RealVector& term) const;
+    /// From here to `endRun` the steps alone change densities and scaled data, so that what one step knows serves the
+    /// next: the tables of the scheme, and the source that the densities leave.
+    void beginRun();
+    void endRun();
+
     /// Adds `factor` times the source at nodes `first` to `last` to `terms`, which holds `components`
     /// values for each of them; nodes without density add nothing.
     void addPolarizationTerms(long first, long last, unsigned long components, double factor,
@@ -206,7 +212,13 @@ private:
     bool computeMBSecundMember(double dt, const Range& range, QV_Field& result) const;
     /// Products of one factor more than those that end below index `s`, for `p` components.
     void computePolarizationsPower(unsigned long s, unsigned long p);
-    QV_SplitKernel::Tables splitTables(double tau, unsigned long m, bool isTreated);
+    /// The tables of the splitting for `m` components, those of the last step while a run lasts.
+    const QV_SplitKernel::Tables& splitTables(double tau, unsigned long m, bool isTreated);
+    /// The tables of an iterated scheme, those of the last step while a run lasts.
+    const QV_IterationKernel::Tables& iterationTables(QV_IterationKernel::Scheme scheme, double dt);
+    /// Where a step leaves the source of the nodes that it advances, m values a node; null outside a run and for
+    /// steps that do not leave it.
+    double* newTerms(const Range& range, unsigned long m, bool leavesTerms);
 
     /// The electric field, or null. Several components end the process after `message`, if there is one.
     QV_Field* electricField(const char* message) const;
@@ -280,10 +292,18 @@ private:
                                        ///< in base m + 1; other slots null. Counted.
 
     LA_Block<std::complex<double>>* mBlock =
-        nullptr;                            ///< The densities' values in one run. Counted.
-    QV_Field* mSecondMember = nullptr;      ///< Scratch of the coupled schemes. Counted.
-    std::vector<double> mPolarizations;     ///< Scratch: dipole matrices in one run.
-    std::vector<double> mSplitTables;       ///< Scratch: tables of the splitting.
+        nullptr;                       ///< The densities' values in one run. Counted.
+    QV_Field* mSecondMember = nullptr; ///< Scratch of the coupled schemes. Counted.
+    bool mIsInRun = false;
+    Range mTermsRange = {0, 0};         ///< Nodes whose source the last step has left in mTerms.
+    unsigned long mTermsComponents = 0; ///< Its values for each of them.
+    std::vector<double> mTerms;
+    std::optional<QV_IterationKernel::Tables> mIterationTables;
+    std::optional<QV_SplitKernel::Tables>
+        mTables;                         ///< Of the splitting; its own stand in mSplitTables.
+    unsigned long mTablesComponents = 0; ///< Components that they are for.
+    std::vector<double> mPolarizations;  ///< Scratch: dipole matrices in one run.
+    std::vector<double> mSplitTables;
     std::vector<double> mWork;              ///< Scratch of the kernels.
     std::vector<unsigned long> mIterations; ///< Scratch: iterations of each node.
     std::string mLine;                      ///< Scratch: a line of a result file.

@@ -4,9 +4,6 @@
 #include "quorvex/QV_Pack.h"
 #include "quorvex/QV_PackComplex.h"
 
-#include <algorithm>
-#include <cmath>
-
 #pragma GCC diagnostic ignored "-Wpsabi" // no pack crosses a call that is not inlined
 
 namespace {
@@ -159,53 +156,6 @@ QV_INLINE void polarizationAt(const QV_Atoms& atoms, double factor, const double
     }
 }
 
-// ---------------------------------------------------------------- two levels
-
-/// Atoms of two levels without permanent dipoles, and numbers small enough that nothing overflows with densities below
-/// 2: the populations then take no part, since their products with the dipole are zeros on top of sums that began with
-/// +0, which a zero does not change.
-bool isPlainDipole(const QV_Atoms& atoms)
-{
-    constexpr double bound = 1e100;
-    constexpr unsigned long size = 4;
-    const auto isModerate = [](double x) { return std::fabs(x) < bound; };
-    return atoms.mComponents == 1 && atoms.mPs[0] == 0.0 && atoms.mPs[size - 1] == 0.0
-           && std::all_of(atoms.mPs, atoms.mPs + size, isModerate)
-           && std::all_of(atoms.mD, atoms.mD + size, isModerate)
-           && std::all_of(atoms.mNu, atoms.mNu + 2 * size, isModerate);
-}
-
-/// The coherences of W nodes, rho[0][1] and rho[1][0] as pairs. False when a number is 2 or more, or none.
-template <int W>
-QV_INLINE bool loadCoherences(const double* rho, typename QV_Pack<W>::Real (&coherences)[4])
-{
-    constexpr int four = 4;
-    constexpr long twoOrMore = 1L << 62; // the first bit of the exponent
-    using Quarter = QV_Pack<four>;
-    using Bits = Quarter::Mask;
-    Quarter::Real groups[W / four][four];
-    Bits bits{};
-    for (int i = 0; i < W; ++i) {
-        const double* const node = rho + 8UL * static_cast<unsigned long>(i);
-        Bits half[2];
-        __builtin_memcpy(&half, node, sizeof half);
-        bits |= half[0] | half[1];
-        __builtin_memcpy(&groups[i / four][i % four], node + 2, sizeof(Quarter::Real));
-    }
-    for (int i = 0; i < W / four; ++i) {
-        Quarter::transpose(groups[i]);
-    }
-    for (int j = 0; j < four; ++j) {
-        if constexpr (W == four) {
-            coherences[j] = groups[0][j];
-        } else {
-            coherences[j] = __builtin_shufflevector(groups[0][j], groups[W / four - 1][j], 0, 1, 2,
-                                                    3, 4, 5, 6, 7);
-        }
-    }
-    return ((bits[0] | bits[1] | bits[2] | bits[3]) & twoOrMore) == 0;
-}
-
 [[gnu::noinline]] void polarizationOneByOne(const QV_Atoms& atoms, double factor,
                                             unsigned long first, unsigned long count,
                                             const double* rho, double* terms)
@@ -221,36 +171,6 @@ QV_INLINE bool loadCoherences(const double* rho, typename QV_Pack<W>::Real (&coh
     if (work != local) {
         delete[] work;
     }
-}
-
-/// The polarization of such atoms. Where the densities do not allow it, node by node.
-template <int W>
-QV_INLINE void dipoleNodes(const QV_Atoms& atoms, double factor, unsigned long count,
-                           const double* rho, double* terms)
-{
-    using Real = typename QV_Pack<W>::Real;
-    // Copies: what is written to the terms could be the tables, for all that the compiler knows.
-    double nu[8];
-    std::copy_n(atoms.mNu, 8, nu);
-    const double upperDipole = atoms.mPs[1];
-    const double lowerDipole = atoms.mPs[2];
-    const double dzeta = atoms.mDzeta;
-    unsigned long i = 0;
-    for (; i + W <= count; i += W) {
-        Real r[4];
-        if (!loadCoherences<W>(rho + 8 * i, r)) {
-            polarizationOneByOne(atoms, factor, 0, W, rho + 8 * i, terms + i);
-            continue;
-        }
-        const Real upper = -(nu[2] * r[0] - nu[3] * r[1]);
-        const Real lower = -(nu[4] * r[2] - nu[5] * r[3]);
-        const Real sum = (0.0 + lower * upperDipole) + upper * lowerDipole;
-        Real term;
-        __builtin_memcpy(&term, terms + i, sizeof term);
-        term += factor * (dzeta * sum);
-        __builtin_memcpy(terms + i, &term, sizeof term);
-    }
-    polarizationOneByOne(atoms, factor, i, count, rho, terms);
 }
 
 template <int W, int N>
@@ -271,12 +191,6 @@ QV_INLINE void polarizationLevels(const QV_Atoms& atoms, double factor, unsigned
 {
     switch (atoms.mLevels) {
     case 2:
-        if constexpr (W > 2) {
-            if (isPlainDipole(atoms)) {
-                dipoleNodes<W>(atoms, factor, count, rho, terms);
-                break;
-            }
-        }
         polarizationNodes<W, 2>(atoms, factor, count, rho, terms);
         break;
     case 3:

@@ -50,9 +50,9 @@ struct QV_HermitianBlock
     /// which the schemes add is -0.0.
     QV_INLINE void load(const double* rho, const double* E, const double* aux, Mask& refused)
     {
-        Complex full[LEVELS * LEVELS]{};
-        // A complex pack is its real part followed by its imaginary part.
-        Pack::load(rho, 2 * LEVELS * LEVELS, 2 * LEVELS * LEVELS, &full->mRe);
+        Real re[N * N];
+        Real im[N * N];
+        Pack::template loadComplex<N * N>(rho, re, im);
         Pack::loadRow(E, mEntry.mE);
         mAux = Real{};
         if (aux != nullptr) {
@@ -65,19 +65,19 @@ struct QV_HermitianBlock
         addLeast(mEntry.mE, least);
 #pragma GCC unroll 8
         for (unsigned long a = 0; a < LEVELS; ++a) {
-            mEntry.mPopulations[a] = full[a * LEVELS + a].mRe;
-            addBits(full[a * LEVELS + a].mIm, unequal);
+            mEntry.mPopulations[a] = re[a * LEVELS + a];
+            Pack::addBits(im[a * LEVELS + a], unequal);
             addLeast(mEntry.mPopulations[a], least);
 #pragma GCC unroll 8
             for (unsigned long c = 0; c < a; ++c) {
-                const Complex& low = full[a * LEVELS + c];
-                const Complex& high = full[c * LEVELS + a];
-                mEntry.mCoherences[pair(a, c)].mRe = low.mRe;
-                mEntry.mCoherences[pair(a, c)].mIm = low.mIm;
-                addBits(high.mRe - low.mRe, unequal);
-                addBits(high.mIm + low.mIm, unequal);
-                addLeast(low.mRe, least);
-                addLeast(low.mIm, least);
+                const unsigned long low = a * LEVELS + c;
+                const unsigned long high = c * LEVELS + a;
+                mEntry.mCoherences[pair(a, c)].mRe = re[low];
+                mEntry.mCoherences[pair(a, c)].mIm = im[low];
+                Pack::addBits(re[high] - re[low], unequal);
+                Pack::addBits(im[high] + im[low], unequal);
+                addLeast(re[low], least);
+                addLeast(im[low], least);
             }
         }
         refused = unequal | (least == std::numeric_limits<long>::min());
@@ -135,21 +135,22 @@ struct QV_HermitianBlock
     /// Writes the kept densities, the upper triangle as the conjugate of the lower one.
     QV_INLINE void storeDensities(double* rho) const
     {
-        Complex full[LEVELS * LEVELS];
+        Real re[N * N];
+        Real im[N * N];
 #pragma GCC unroll 8
         for (unsigned long a = 0; a < LEVELS; ++a) {
-            full[a * LEVELS + a].mRe = mKept.mPopulations[a];
-            full[a * LEVELS + a].mIm = Real{};
+            re[a * LEVELS + a] = mKept.mPopulations[a];
+            im[a * LEVELS + a] = Real{};
 #pragma GCC unroll 8
             for (unsigned long c = 0; c < a; ++c) {
                 const Complex& low = mKept.mCoherences[pair(a, c)];
-                full[a * LEVELS + c].mRe = low.mRe;
-                full[a * LEVELS + c].mIm = low.mIm;
-                full[c * LEVELS + a].mRe = low.mRe;
-                full[c * LEVELS + a].mIm = -low.mIm;
+                re[a * LEVELS + c] = low.mRe;
+                im[a * LEVELS + c] = low.mIm;
+                re[c * LEVELS + a] = low.mRe;
+                im[c * LEVELS + a] = -low.mIm;
             }
         }
-        Pack::store(&full->mRe, 2 * LEVELS * LEVELS, 2 * LEVELS * LEVELS, rho);
+        Pack::template storeComplex<N * N>(re, im, rho);
     }
 
     /// Writes the kept populations alone.
@@ -166,11 +167,21 @@ struct QV_HermitianBlock
         Pack::storeRow(mKept.mE, E);
     }
 
-private:
-    QV_INLINE static void addBits(const Real& pack, Mask& all)
+    // What is kept, for the polarization term.
+    QV_INLINE const Real& population(unsigned long a) const
     {
-        all |= reinterpret_cast<Mask>(pack);
+        return mKept.mPopulations[a];
     }
+    QV_INLINE const Real& re(unsigned long a, unsigned long c) const
+    {
+        return mKept.mCoherences[pair(a, c)].mRe;
+    }
+    QV_INLINE const Real& im(unsigned long a, unsigned long c) const
+    {
+        return mKept.mCoherences[pair(a, c)].mIm;
+    }
+
+private:
     QV_INLINE static void addLeast(const Real& pack, Mask& least)
     {
         const Mask number = reinterpret_cast<Mask>(pack);

@@ -1,9 +1,11 @@
 #include "quorvex/QV_IterationKernel.h"
 
+#include "quorvex/QV_FieldKernel.h"
 #include "quorvex/QV_HermitianBlock.h"
 #include "quorvex/QV_Inline.h"
 #include "quorvex/QV_Pack.h"
 #include "quorvex/QV_PackComplex.h"
+#include "quorvex/QV_PolarizationTerm.h"
 
 #include <algorithm>
 
@@ -14,24 +16,25 @@ namespace {
 using Scheme = QV_IterationKernel::Scheme;
 using Nodes = QV_IterationKernel::Nodes;
 
-/// Constants of one call, shared by all nodes. Tables of products are formed once; forming them in the
-/// loop would give the same bits.
+/// Constants of one call, shared by all nodes: the tables as plain arrays. Products formed in the loop would have the
+/// same bits.
 struct Call
 {
+    QV_InstructionSet::Level mLevel;
     const QV_Atoms* mAtoms;
     double mDt;
     double mDz2;
-    double mHalf;          ///< dt / 2
-    const double* mHalfD;  ///< (dt / 2) D
-    const double* mHalfW;  ///< (dt / 2) W
-    const double* mHalfNu; ///< (dt / 2) times decay and rotation of the coherences, complex
-    const double* mPNu;    ///< P[b][k] Nu[k][b], complex
+    double mHalf; ///< dt / 2
+    const double* mHalfD;
+    const double* mHalfW;
+    const double* mHalfNu;
+    const double* mPNu;
     double* mWork; ///< Densities of the plain form, when the level count is not known to it.
 
-    bool mIsSymmetric;           ///< Hermitian densities stay so, see isSymmetric().
-    unsigned long mTransitions;  ///< Bit a n + c: the dipole couples levels a and c.
-    unsigned long mLongitudinal; ///< Bit a n + c: W[a][c] is not zero.
-    unsigned long mOperator;     ///< Bit a n + c: D[a][c] is not zero.
+    bool mIsSymmetric;
+    unsigned long mTransitions;
+    unsigned long mLongitudinal;
+    unsigned long mOperator;
 };
 
 constexpr unsigned long densitiesInWork = 4; ///< rho, R, Rp and their sum.
@@ -665,17 +668,37 @@ QV_INLINE void update(const Call& call, AnyBlock& block, typename AnyBlock::Real
     }
 }
 
+/// What one node leaves to the next.
+struct Progress
+{
+    double mNorm0 = 1.0;     ///< First residual of the node before.
+    unsigned long mMost = 0; ///< Largest number of iterations up to now.
+};
+
 /// True when the residual carried over lets a node enter its loop.
 QV_INLINE bool isEntered(const QV_Atoms& atoms, double norm0)
 {
     return norm0 * atoms.mConvergence < 1.0;
 }
 
-/// Iterates at W nodes from `first` on. `norm0` holds the first residual of the node before, and gets that
-/// of the last node. False, with nothing changed, when a node would keep a later one of them from its loop:
-/// then they have to be treated one by one. Requires: `norm0` lets the first node enter its loop.
+/// Writes the polarization terms of nodes whose densities stand in memory.
+[[gnu::noinline]] void writeTerms(const Call& call, const Nodes& nodes, unsigned long first,
+                                  unsigned long last)
+{
+    if (nodes.mTerms == nullptr) {
+        return;
+    }
+    const unsigned long size = call.mAtoms->mLevels * call.mAtoms->mLevels;
+    std::fill(nodes.mTerms + first, nodes.mTerms + last, 0.0);
+    QV_FieldKernel::addPolarization(call.mLevel, *call.mAtoms, 1.0, last - first,
+                                    nodes.mRho + 2 * size * first, nodes.mTerms + first);
+}
+
+/// Iterates at W nodes from `first` on. False, with nothing changed, when a node would keep a later one of them from
+/// its loop: then they have to be treated one by one. Requires: the first node enters its loop.
 template <Scheme S, int W, int N>
-QV_INLINE bool iterate(const Call& call, const Nodes& nodes, unsigned long first, double& norm0)
+QV_INLINE bool iterate(const Call& call, const Nodes& nodes, unsigned long first,
+                       Progress& progress)
 {
     using Pack = QV_Pack<W>;
     const QV_Atoms& atoms = *call.mAtoms;
@@ -708,7 +731,8 @@ QV_INLINE bool iterate(const Call& call, const Nodes& nodes, unsigned long first
             return false;
         }
     }
-    norm0 = Pack::get(firstResidual, W - 1);
+    progress.mNorm0 = Pack::get(firstResidual, W - 1);
+    progress.mMost = std::max(progress.mMost, iteration);
     block.store(nodes, first, S != Scheme::CRANK && S != Scheme::RELAX_DIAG);
     std::copy_n(iterations, W, nodes.mIterations + first);
     return true;
@@ -716,8 +740,8 @@ QV_INLINE bool iterate(const Call& call, const Nodes& nodes, unsigned long first
 
 /// The same for Hermitian densities. False also when a density is not Hermitian or does not stay finite.
 template <Scheme S, int W, int N>
-QV_INLINE bool iterateHermitian(const Call& call, const Nodes& nodes, unsigned long first,
-                                double& norm0)
+QV_INLINE bool iterateHermitian(const Call& call, const QV_PolarizationTerm<N>& term,
+                                const Nodes& nodes, unsigned long first, Progress& progress)
 {
     using Pack = QV_Pack<W>;
     using Mask = typename Pack::Mask;
@@ -768,7 +792,8 @@ QV_INLINE bool iterateHermitian(const Call& call, const Nodes& nodes, unsigned l
     if (!block.isKeptFinite()) {
         return false;
     }
-    norm0 = Pack::get(firstResidual, W - 1);
+    progress.mNorm0 = Pack::get(firstResidual, W - 1);
+    progress.mMost = std::max(progress.mMost, iteration);
     if constexpr (S == Scheme::RELAX_DIAG) {
         block.storePopulations(nodes.mRho + size * first);
     } else {
@@ -778,129 +803,141 @@ QV_INLINE bool iterateHermitian(const Call& call, const Nodes& nodes, unsigned l
         block.storeField(nodes.mE + first);
     }
     Pack::storeRow(iterations, nodes.mIterations + first);
+    if constexpr (QV_IterationKernel::leavesTerms(S)) {
+        if (nodes.mTerms != nullptr) {
+            typename Pack::Real terms;
+            if (term.template compute<W>(block, terms)) {
+                Pack::storeRow(terms, nodes.mTerms + first);
+            } else {
+                writeTerms(call, nodes, first, first + W);
+            }
+        }
+    }
     return true;
 }
 
 /// The plain form: node by node, for any number of levels. Not inlined, so that it exists once.
 template <Scheme S>
 [[gnu::noinline]] void iterateOneByOne(const Call& call, const Nodes& nodes, unsigned long first,
-                                       unsigned long last, double& norm0)
+                                       unsigned long last, Progress& progress)
 {
     for (unsigned long node = first; node < last; ++node) {
-        if (call.mAtoms->mIterationsMax == 0 || !isEntered(*call.mAtoms, norm0)) {
+        if (call.mAtoms->mIterationsMax == 0 || !isEntered(*call.mAtoms, progress.mNorm0)) {
             nodes.mIterations[node] = 0;
         } else {
-            iterate<S, 1, 0>(call, nodes, node, norm0);
+            iterate<S, 1, 0>(call, nodes, node, progress);
         }
+    }
+    if constexpr (QV_IterationKernel::leavesTerms(S)) {
+        writeTerms(call, nodes, first, last);
     }
 }
 
 template <Scheme S, int W, int N>
-QV_INLINE void advanceNodes(const Call& call, const Nodes& nodes)
+QV_INLINE void advanceNodes(const Call& call, const Nodes& nodes, Progress& progress)
 {
-    double norm0 = 1.0;
+    const QV_PolarizationTerm<N> term(*call.mAtoms);
     unsigned long node = 0;
     for (; node + W <= nodes.mCount; node += W) {
-        const bool isSafe = call.mAtoms->mIterationsMax > 0 && isEntered(*call.mAtoms, norm0);
-        if (isSafe && call.mIsSymmetric && iterateHermitian<S, W, N>(call, nodes, node, norm0)) {
+        if (call.mAtoms->mIterationsMax == 0 || !isEntered(*call.mAtoms, progress.mNorm0)) {
+            iterateOneByOne<S>(call, nodes, node, node + W, progress);
+        } else if (call.mIsSymmetric
+                   && iterateHermitian<S, W, N>(call, term, nodes, node, progress)) {
             continue;
-        }
-        if (!isSafe || !iterate<S, W, N>(call, nodes, node, norm0)) {
-            iterateOneByOne<S>(call, nodes, node, node + W, norm0);
+        } else if (!iterate<S, W, N>(call, nodes, node, progress)) {
+            iterateOneByOne<S>(call, nodes, node, node + W, progress);
+        } else if constexpr (QV_IterationKernel::leavesTerms(S)) {
+            writeTerms(call, nodes, node, node + W);
         }
     }
-    iterateOneByOne<S>(call, nodes, node, nodes.mCount, norm0);
-}
-
-template <Scheme S>
-void advancePlain(const Call& call, const Nodes& nodes)
-{
-    double norm0 = 1.0;
-    iterateOneByOne<S>(call, nodes, 0, nodes.mCount, norm0);
+    iterateOneByOne<S>(call, nodes, node, nodes.mCount, progress);
 }
 
 template <Scheme S, int W>
-QV_INLINE void advanceLevels(const Call& call, const Nodes& nodes)
+QV_INLINE void advanceLevels(const Call& call, const Nodes& nodes, Progress& progress)
 {
     switch (call.mAtoms->mLevels) {
     case 2:
-        advanceNodes<S, W, 2>(call, nodes);
+        advanceNodes<S, W, 2>(call, nodes, progress);
         break;
     case 3:
-        advanceNodes<S, W, 3>(call, nodes);
+        advanceNodes<S, W, 3>(call, nodes, progress);
         break;
     case 4:
-        advanceNodes<S, W, 4>(call, nodes);
+        advanceNodes<S, W, 4>(call, nodes, progress);
         break;
     default:
-        advancePlain<S>(call, nodes);
+        iterateOneByOne<S>(call, nodes, 0, nodes.mCount, progress);
         break;
     }
 }
 
 template <int W>
-QV_INLINE void advanceScheme(Scheme scheme, const Call& call, const Nodes& nodes)
+QV_INLINE void advanceScheme(Scheme scheme, const Call& call, const Nodes& nodes,
+                             Progress& progress)
 {
     switch (scheme) {
     case Scheme::CRANK:
-        advanceLevels<Scheme::CRANK, W>(call, nodes);
+        advanceLevels<Scheme::CRANK, W>(call, nodes, progress);
         break;
     case Scheme::P:
-        advanceLevels<Scheme::P, W>(call, nodes);
+        advanceLevels<Scheme::P, W>(call, nodes, progress);
         break;
     case Scheme::ZIOLKO:
-        advanceLevels<Scheme::ZIOLKO, W>(call, nodes);
+        advanceLevels<Scheme::ZIOLKO, W>(call, nodes, progress);
         break;
     case Scheme::PRED_CORR:
-        advanceLevels<Scheme::PRED_CORR, W>(call, nodes);
+        advanceLevels<Scheme::PRED_CORR, W>(call, nodes, progress);
         break;
     case Scheme::RELAX_DIAG:
-        advanceLevels<Scheme::RELAX_DIAG, W>(call, nodes);
+        advanceLevels<Scheme::RELAX_DIAG, W>(call, nodes, progress);
         break;
     }
 }
 
-void advancePlainScheme(Scheme scheme, const Call& call, const Nodes& nodes)
+void advancePlainScheme(Scheme scheme, const Call& call, const Nodes& nodes, Progress& progress)
 {
     switch (scheme) {
     case Scheme::CRANK:
-        advancePlain<Scheme::CRANK>(call, nodes);
+        iterateOneByOne<Scheme::CRANK>(call, nodes, 0, nodes.mCount, progress);
         break;
     case Scheme::P:
-        advancePlain<Scheme::P>(call, nodes);
+        iterateOneByOne<Scheme::P>(call, nodes, 0, nodes.mCount, progress);
         break;
     case Scheme::ZIOLKO:
-        advancePlain<Scheme::ZIOLKO>(call, nodes);
+        iterateOneByOne<Scheme::ZIOLKO>(call, nodes, 0, nodes.mCount, progress);
         break;
     case Scheme::PRED_CORR:
-        advancePlain<Scheme::PRED_CORR>(call, nodes);
+        iterateOneByOne<Scheme::PRED_CORR>(call, nodes, 0, nodes.mCount, progress);
         break;
     case Scheme::RELAX_DIAG:
-        advancePlain<Scheme::RELAX_DIAG>(call, nodes);
+        iterateOneByOne<Scheme::RELAX_DIAG>(call, nodes, 0, nodes.mCount, progress);
         break;
     }
 }
 
-void advanceBaseline(Scheme scheme, const Call& call, const Nodes& nodes)
+void advanceBaseline(Scheme scheme, const Call& call, const Nodes& nodes, Progress& progress)
 {
-    advanceScheme<2>(scheme, call, nodes);
+    advanceScheme<2>(scheme, call, nodes, progress);
 }
 
 #if defined(__x86_64__)
-[[gnu::target("avx2")]] void advanceAvx2(Scheme scheme, const Call& call, const Nodes& nodes)
+[[gnu::target("avx2")]] void advanceAvx2(Scheme scheme, const Call& call, const Nodes& nodes,
+                                         Progress& progress)
 {
-    advanceScheme<4>(scheme, call, nodes);
+    advanceScheme<4>(scheme, call, nodes, progress);
 }
 
-[[gnu::target("avx512f")]] void advanceAvx512(Scheme scheme, const Call& call, const Nodes& nodes)
+[[gnu::target("avx512f")]] void advanceAvx512(Scheme scheme, const Call& call, const Nodes& nodes,
+                                              Progress& progress)
 {
-    advanceScheme<8>(scheme, call, nodes);
+    advanceScheme<8>(scheme, call, nodes, progress);
 }
 #endif
 
 /// True when densities stay Hermitian and populations real: the dipole is symmetric and couples no level to
 /// itself, coherences [a][c] and [c][a] decay and turn as conjugates, populations do neither.
-bool isSymmetric(const QV_Atoms& atoms, const double* pNu)
+bool isSymmetric(const QV_Atoms& atoms, const std::vector<double>& pNu)
 {
     const unsigned long n = atoms.mLevels;
     const auto isConjugate = [](const double* a, const double* b) {
@@ -915,7 +952,7 @@ bool isSymmetric(const QV_Atoms& atoms, const double* pNu)
             const unsigned long ac = a * n + c;
             const unsigned long ca = c * n + a;
             result =
-                result && atoms.mPs[ac] == atoms.mPs[ca] && isConjugate(pNu + 2 * ac, pNu + 2 * ca);
+                result && atoms.mPs[ac] == atoms.mPs[ca] && isConjugate(&pNu[2 * ac], &pNu[2 * ca]);
         }
     }
     return result;
@@ -933,64 +970,71 @@ unsigned long entries(const double* table, unsigned long levels)
 
 } // namespace
 
-unsigned long QV_IterationKernel::advance(QV_InstructionSet::Level level, Scheme scheme,
-                                          const QV_Atoms& atoms, double dt, double dz2,
-                                          const Nodes& nodes, std::vector<double>& work)
+QV_IterationKernel::Tables::Tables(Scheme scheme, const QV_Atoms& atoms, double dt)
+    : mScheme(scheme)
+    , mAtoms(atoms)
+    , mDt(dt)
 {
-    const unsigned long size = atoms.mLevels * atoms.mLevels;
-    work.resize(std::max<std::size_t>(work.size(), (6 + 2 * densitiesInWork) * size));
-    double* const halfD = work.data();
-    double* const halfW = halfD + size;
-    double* const halfNu = halfW + size;
-    double* const pNu = halfNu + 2 * size;
     const double half = dt * 0.5;
     for (unsigned long a = 0; a < atoms.mLevels; ++a) {
         for (unsigned long b = 0; b < atoms.mLevels; ++b) {
             const unsigned long i = a * atoms.mLevels + b;
             const unsigned long t = b * atoms.mLevels + a;
-            halfD[i] = half * atoms.mD[i];
-            halfW[i] = half * atoms.mW[i];
+            mHalfD.push_back(half * atoms.mD[i]);
+            mHalfW.push_back(half * atoms.mW[i]);
             if (scheme == PRED_CORR) {
-                halfNu[2 * i] = half * atoms.mTransversal;
-                halfNu[2 * i + 1] = half * (atoms.mOmega[a] - atoms.mOmega[b]);
+                mHalfNu.push_back(half * atoms.mTransversal);
+                mHalfNu.push_back(half * (atoms.mOmega[a] - atoms.mOmega[b]));
             } else {
-                halfNu[2 * i] = half * atoms.mNu[2 * i];
-                halfNu[2 * i + 1] = half * atoms.mNu[2 * i + 1];
+                mHalfNu.push_back(half * atoms.mNu[2 * i]);
+                mHalfNu.push_back(half * atoms.mNu[2 * i + 1]);
             }
-            pNu[2 * i] = atoms.mPs[i] * atoms.mNu[2 * t];
-            pNu[2 * i + 1] = atoms.mPs[i] * atoms.mNu[2 * t + 1];
+            mPNu.push_back(atoms.mPs[i] * atoms.mNu[2 * t]);
+            mPNu.push_back(atoms.mPs[i] * atoms.mNu[2 * t + 1]);
         }
     }
-    const Call call{&atoms,
-                    dt,
+    mIsSymmetric = isSymmetric(atoms, mPNu);
+    mTransitions = entries(atoms.mPs, atoms.mLevels);
+    mLongitudinal = entries(atoms.mW, atoms.mLevels);
+    mOperator = entries(atoms.mD, atoms.mLevels);
+}
+
+unsigned long QV_IterationKernel::advance(QV_InstructionSet::Level level, const Tables& tables,
+                                          double dz2, const Nodes& nodes, std::vector<double>& work)
+{
+    const unsigned long levels = tables.mAtoms.mLevels;
+    work.resize(std::max<std::size_t>(work.size(), 2 * densitiesInWork * levels * levels));
+    const Scheme scheme = tables.mScheme;
+    const Call call{level,
+                    &tables.mAtoms,
+                    tables.mDt,
                     dz2,
-                    half,
-                    halfD,
-                    halfW,
-                    halfNu,
-                    pNu,
-                    pNu + 2 * size,
-                    isSymmetric(atoms, pNu),
-                    entries(atoms.mPs, atoms.mLevels),
-                    entries(atoms.mW, atoms.mLevels),
-                    entries(atoms.mD, atoms.mLevels)};
+                    tables.mDt * 0.5,
+                    tables.mHalfD.data(),
+                    tables.mHalfW.data(),
+                    tables.mHalfNu.data(),
+                    tables.mPNu.data(),
+                    work.data(),
+                    tables.mIsSymmetric,
+                    tables.mTransitions,
+                    tables.mLongitudinal,
+                    tables.mOperator};
+    Progress progress;
     switch (level) {
     case QV_InstructionSet::PLAIN:
-        advancePlainScheme(scheme, call, nodes);
+        advancePlainScheme(scheme, call, nodes, progress);
         break;
 #if defined(__x86_64__)
     case QV_InstructionSet::AVX2:
-        advanceAvx2(scheme, call, nodes);
+        advanceAvx2(scheme, call, nodes, progress);
         break;
     case QV_InstructionSet::AVX512:
-        advanceAvx512(scheme, call, nodes);
+        advanceAvx512(scheme, call, nodes, progress);
         break;
 #endif
     default:
-        advanceBaseline(scheme, call, nodes);
+        advanceBaseline(scheme, call, nodes, progress);
         break;
     }
-    return nodes.mCount == 0
-               ? 0
-               : *std::max_element(nodes.mIterations, nodes.mIterations + nodes.mCount);
+    return progress.mMost;
 }

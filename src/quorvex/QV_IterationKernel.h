@@ -21,6 +21,12 @@ public:
         RELAX_DIAG ///< Populations alone, the coherences given.
     };
 
+    /// Whether a scheme leaves the polarization terms of its nodes: those that do not advance the field.
+    static constexpr bool leavesTerms(Scheme scheme)
+    {
+        return scheme == CRANK || scheme == RELAX_DIAG;
+    }
+
     /// Neighbouring nodes. Densities are n by n complex values, node after node.
     struct Nodes
     {
@@ -30,11 +36,35 @@ public:
         const double* mAux; ///< The second member of Ampere's equation for those three schemes,
                             ///< the field before the step for RELAX_DIAG; else not read.
         unsigned long* mIterations; ///< Gets the number of iterations of each node.
+        double* mTerms = nullptr;   ///< Unless null, gets the polarization term of each node, as
+            ///< QV_FieldKernel::addPolarization adds it to 0, from the schemes
+            ///< that leave it.
     };
 
-    /// Advances all nodes by `dt` and returns the largest number of iterations. `dz2` is the square of the
-    /// cell size. `work` is storage kept by the caller.
-    static unsigned long advance(QV_InstructionSet::Level level, Scheme scheme,
-                                 const QV_Atoms& atoms, double dt, double dz2, const Nodes& nodes,
-                                 std::vector<double>& work);
+    /// What a scheme needs to know of the atoms for steps of `dt`: made once for all steps of a run. Borrows
+    /// the arrays of `atoms`.
+    class Tables
+    {
+    public:
+        Tables(Scheme scheme, const QV_Atoms& atoms, double dt);
+
+        Scheme mScheme;
+        QV_Atoms mAtoms;
+        double mDt;
+        std::vector<double> mHalfD; ///< (dt / 2) D
+        std::vector<double> mHalfW; ///< (dt / 2) W
+        std::vector<double>
+            mHalfNu;              ///< (dt / 2) times decay and rotation of the coherences, complex
+        std::vector<double> mPNu; ///< P[b][k] Nu[k][b], complex
+        bool mIsSymmetric;        ///< Hermitian densities stay so, and populations real.
+        unsigned long
+            mTransitions; ///< Bit a n + c, of at most four levels: the dipole couples a and c.
+        unsigned long mLongitudinal; ///< Bit a n + c: W[a][c] is not zero.
+        unsigned long mOperator;     ///< Bit a n + c: D[a][c] is not zero.
+    };
+
+    /// Advances all nodes and returns the largest number of iterations. `dz2` is the square of the cell
+    /// size. `work` is storage kept by the caller.
+    static unsigned long advance(QV_InstructionSet::Level level, const Tables& tables, double dz2,
+                                 const Nodes& nodes, std::vector<double>& work);
 };

@@ -54,6 +54,11 @@ struct QV_Pack
     {
         mask |= reinterpret_cast<const Mask&>(a) ^ reinterpret_cast<const Mask&>(b);
     }
+    /// Sets those bits of a lane of `mask` that are set in `pack`.
+    QV_INLINE static void addBits(const Real& pack, Mask& mask)
+    {
+        mask |= reinterpret_cast<const Mask&>(pack);
+    }
     /// Whether a bit of any lane is set.
     QV_INLINE static bool isAnyBit(const Mask& mask)
     {

@@ -320,6 +320,7 @@ int QV_Problem::solve(COM_Out& out)
     std::cout << " init Saving done\n";
 
     const unsigned long usual = mMaxTimeStepsNumber / usualIntervals;
+    eachSystem([](QV_Bloch& bloch) { bloch.beginRun(); });
     switch (mMethod) {
     case CN_Z_METHOD:
         std::cout << " \t Crant Nicholson with dtP (Ziolkowski) discretrization\n";
@@ -377,6 +378,7 @@ int QV_Problem::solve(COM_Out& out)
         break;
     }
 
+    eachSystem([](QV_Bloch& bloch) { bloch.endRun(); });
     closeSaving();
     const COM_Scoped end(COM_Time::New());
     const auto t_fin = static_cast<double>(end->getCPUTime());

@@ -1,8 +1,10 @@
 #include "quorvex/QV_SplitKernel.h"
 
+#include "quorvex/QV_FieldKernel.h"
 #include "quorvex/QV_Inline.h"
 #include "quorvex/QV_Pack.h"
 #include "quorvex/QV_PackComplex.h"
+#include "quorvex/QV_PolarizationTerm.h"
 #include "quorvex/QV_Unroll.h"
 
 #include <algorithm>
@@ -14,11 +16,13 @@ namespace {
 
 struct Call
 {
+    QV_InstructionSet::Level mLevel;
     const QV_Atoms* mAtoms;
     const QV_SplitKernel::Tables* mTables;
     unsigned long mCount;
     double* mRho;
     const double* mE;
+    double* mTerms;
     double* mWork; ///< Matrices and field of the plain form.
 };
 
@@ -264,6 +268,16 @@ struct Block
         }
     }
 };
+
+/// Writes the polarization terms of densities that stand in memory.
+void writeTerms(const Call& call)
+{
+    if (call.mTerms != nullptr) {
+        std::fill_n(call.mTerms, call.mAtoms->mComponents * call.mCount, 0.0);
+        QV_FieldKernel::addPolarization(call.mLevel, *call.mAtoms, 1.0, call.mCount, call.mRho,
+                                        call.mTerms);
+    }
+}
 
 /// The plain form: node by node, for any number of levels and components.
 [[gnu::noinline]] void advanceOneByOne(const Call& call, unsigned long first)
@@ -587,6 +601,11 @@ struct ParityBlock
         return !Pack::isAnyBit(mOddities);
     }
 
+    // For the polarization term.
+    QV_INLINE const Real& population(int a) const { return mRe[a * N + a]; }
+    QV_INLINE const Real& re(int a, int c) const { return mRe[a * N + c]; }
+    QV_INLINE const Real& im(int a, int c) const { return mIm[a * N + c]; }
+
     QV_INLINE void store(double* rho)
     {
         QV_Unroll::each<N>([&](auto a) __attribute__((always_inline)) {
@@ -604,11 +623,14 @@ struct ParityBlock
 Call part(const Call& call, unsigned long first, unsigned long last)
 {
     const unsigned long n = call.mAtoms->mLevels;
-    return {call.mAtoms,
+    const unsigned long m = call.mAtoms->mComponents;
+    return {call.mLevel,
+            call.mAtoms,
             call.mTables,
             last - first,
             call.mRho + 2 * n * n * first,
-            call.mE + call.mAtoms->mComponents * first,
+            call.mE + m * first,
+            call.mTerms != nullptr ? call.mTerms + m * first : nullptr,
             call.mWork};
 }
 
@@ -622,14 +644,23 @@ QV_INLINE bool advanceParity(const Call& call)
         return false;
     }
     const Constants<N> constants(call);
+    const QV_PolarizationTerm<N> term(*call.mAtoms);
     unsigned long node = 0;
     for (; node + W <= call.mCount; node += W) {
         double* const rho = call.mRho + static_cast<unsigned long>(2 * N * N) * node;
         ParityBlock<W, N, PARITY> block(constants, rho, call.mE + node);
-        if (block.advance()) {
-            block.store(rho);
-        } else {
+        if (!block.advance()) {
             GENERAL(part(call, node, node + W));
+            continue;
+        }
+        block.store(rho);
+        typename QV_Pack<W>::Real terms;
+        if (call.mTerms != nullptr) {
+            if (term.template compute<W>(block, terms)) {
+                QV_Pack<W>::storeRow(terms, call.mTerms + node);
+            } else {
+                writeTerms(part(call, node, node + W));
+            }
         }
     }
     GENERAL(part(call, node, call.mCount));
@@ -685,6 +716,7 @@ QV_INLINE void advanceLevels(const Call& call)
 [[gnu::noinline]] void advanceGeneralBaseline(const Call& call)
 {
     advanceLevels<2>(call);
+    writeTerms(call);
 }
 
 void advanceBaseline(const Call& call)
@@ -696,6 +728,7 @@ void advanceBaseline(const Call& call)
 [[gnu::noinline, gnu::target("avx2")]] void advanceGeneralAvx2(const Call& call)
 {
     advanceLevels<4>(call);
+    writeTerms(call);
 }
 
 [[gnu::target("avx2")]] void advanceAvx2(const Call& call)
@@ -706,6 +739,7 @@ void advanceBaseline(const Call& call)
 [[gnu::noinline, gnu::target("avx512f")]] void advanceGeneralAvx512(const Call& call)
 {
     advanceLevels<8>(call);
+    writeTerms(call);
 }
 
 [[gnu::target("avx512f")]] void advanceAvx512(const Call& call)
@@ -719,16 +753,17 @@ void advanceBaseline(const Call& call)
 // NOLINTBEGIN(readability-non-const-parameter): rho is advanced in place, through the call
 void QV_SplitKernel::advance(QV_InstructionSet::Level level, const QV_Atoms& atoms,
                              const Tables& tables, unsigned long count, double* rho,
-                             const double* E, std::vector<double>& work)
+                             const double* E, double* terms, std::vector<double>& work)
 // NOLINTEND(readability-non-const-parameter)
 {
     const unsigned long needed =
         2 * matricesInWork * atoms.mLevels * atoms.mLevels + atoms.mComponents + atoms.mLevels;
     work.resize(std::max<std::size_t>(work.size(), needed));
-    const Call call{&atoms, &tables, count, rho, E, work.data()};
+    const Call call{level, &atoms, &tables, count, rho, E, terms, work.data()};
     switch (level) {
     case QV_InstructionSet::PLAIN:
         advanceOneByOne(call, 0);
+        writeTerms(call);
         break;
 #if defined(__x86_64__)
     case QV_InstructionSet::AVX2:

@@ -237,7 +237,7 @@ protected:
         std::vector<unsigned long> each(count);
         std::vector<double> work;
         iterations =
-            QV_IterationKernel::advance(QV_InstructionSet::PLAIN, scheme, atoms(), step, dz * dz,
+            QV_IterationKernel::advance(QV_InstructionSet::PLAIN, {scheme, atoms(), step}, dz * dz,
                                         {count, reinterpret_cast<double*>(rho.data()),
                                          result.mE.data() + from, aux.data(), each.data()},
                                         work);
@@ -1374,6 +1374,153 @@ TEST_F(QV_BlochStepsTest, NodesWithoutDensityAddNoTerm)
     bloch().addPolarizationTerms(-1, 3, 1, 1.0, terms.data());
     bloch().addPolarizationTerms(5, 4, 1, 1.0, terms.data());
     EXPECT_EQ(terms, std::vector<double>(6, 0.25));
+}
+
+// ---------------------------------------------------------------- runs
+
+namespace {
+
+/// What a run keeps from step to step.
+class QV_BlochRun : public QV_BlochStepsTest
+{
+protected:
+    /// The terms of these nodes, of `m` components, are those of the densities as they stand.
+    void expectTerms(long from, long to, unsigned long m) const
+    {
+        std::vector<double> terms(static_cast<unsigned long>(to - from + 1) * m, 0.25);
+        bloch().addPolarizationTerms(from, to, m, 0.5, terms.data());
+        const COM_Scoped term(LA_RealVector::New(m));
+        for (long j = from; j <= to; ++j) {
+            bloch().computePolarizationTermAtIndex(static_cast<unsigned long>(j), nullptr, *term);
+            for (unsigned long p = 0; p < m; ++p) {
+                EXPECT_EQ(terms[static_cast<unsigned long>(j - from) * m + p],
+                          0.25 + 0.5 * (*term)[p])
+                    << "node " << j << ", component " << p;
+            }
+        }
+    }
+    void expectTerms(unsigned long m = 1) const
+    {
+        constexpr auto from = static_cast<long>(first);
+        constexpr auto to = static_cast<long>(last);
+        expectTerms(from, to, m);
+        expectTerms(from + 1, to - 2, m); // some of them
+        expectTerms(from - 1, to, m);     // and nodes that no step has advanced
+        expectTerms(from, to + 1, m);
+        expectTerms(from, to, m + 1); // and components
+    }
+};
+
+} // namespace
+
+TEST_F(QV_BlochRun, EveryStepLeavesTheTermsOfItsDensities)
+{
+    for (unsigned long n = 1; n <= 5; ++n) {
+        for (const Scheme scheme : schemes) {
+            start(n);
+            bloch().beginRun();
+            for (int i = 0; i < 3; ++i) {
+                EXPECT_TRUE(advance(scheme));
+                expectTerms();
+            }
+            bloch().solveBlochRelaxExtraDiag(time0, step);
+            expectTerms();
+        }
+        for (unsigned long m = 1; m <= 3; ++m) {
+            start(n, m);
+            bloch().beginRun();
+            printedBy([&] {
+                bloch().solveBlochSplitInit(0.0, step);
+                bloch().solveBlochSplit(time0, step);
+                bloch().solveBlochSplit(time0, step);
+            });
+            expectTerms(m);
+        }
+    }
+}
+
+TEST_F(QV_BlochRun, AStoredDensityIsSeenByItsTerm)
+{
+    start(2);
+    bloch().beginRun();
+    advance(Scheme::CRANK);
+    const COM_Scoped rho(LA_ComplexMatrix::New(2, 2));
+    TestNumbers numbers(78);
+    fill(*rho, numbers);
+    bloch().setDensity(*rho, 5);
+    expectTerms();
+    advance(Scheme::CRANK);
+    bloch().initDensities();
+    expectTerms();
+}
+
+TEST_F(QV_BlochRun, AfterTheRunTermsAreThoseOfTheDensitiesAtHand)
+{
+    start(2);
+    bloch().beginRun();
+    advance(Scheme::CRANK);
+    bloch().endRun();
+    fill(79);
+    expectTerms();
+    advance(Scheme::CRANK);
+    fill(80);
+    expectTerms();
+}
+
+TEST_F(QV_BlochRun, StepsAreThoseOutsideARun)
+{
+    for (const double dt : {step, 0.5 * step}) {
+        for (const Scheme scheme : schemes) {
+            start(3);
+            advance(scheme);
+            advance(scheme, dt);
+            const State expected = state();
+            start(3);
+            bloch().beginRun();
+            advance(scheme);
+            advance(scheme, dt);
+            expectState(expected);
+        }
+    }
+}
+
+TEST_F(QV_BlochRun, TheSplittingOfOtherStepsAndOrdersIsThatOutsideARun)
+{
+    const auto advanceAll = [this] {
+        printedBy([this] {
+            for (const double dt : {step, 0.5 * step, step}) {
+                bloch().solveBlochSplitInit(0.0, dt);
+                bloch().solveBlochSplit(time0, dt);
+                bloch().solveBlochSplit(time0, 2.0 * dt);
+                for (unsigned char order = 0; order < 4; ++order) {
+                    QV_Bloch::setSplitType(order);
+                    bloch().solveBlochSplit(time0, dt);
+                }
+                QV_Bloch::setRelaxationType(QV_Bloch::PAULI_RELAXATION_TYPE);
+                bloch().solveBlochSplit(time0, dt);
+                QV_Bloch::setRelaxationType(QV_Bloch::EQUILIBRE_RELAXATION_TYPE);
+                bloch().solveBlochSplit(time0, dt);
+            }
+        });
+    };
+    start(3);
+    advanceAll();
+    const State expected = state();
+    start(3);
+    bloch().beginRun();
+    advanceAll();
+    expectState(expected);
+}
+
+TEST_F(QV_BlochRun, ANewLimitOfIterationsHoldsFromTheNextStep)
+{
+    start(2);
+    bloch().beginRun();
+    advance(Scheme::CRANK);
+    EXPECT_GT(bloch().getIterationsNumber(), 1UL);
+    QV_Bloch::setIterationsMaxNumber(1);
+    printedBy([this] { advance(Scheme::CRANK); });
+    EXPECT_EQ(bloch().getIterationsNumber(), 1UL);
 }
 
 // ---------------------------------------------------------------- densities from outside

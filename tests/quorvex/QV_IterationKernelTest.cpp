@@ -1,5 +1,6 @@
 #include "quorvex/QV_IterationKernel.h"
 
+#include "quorvex/QV_FieldKernel.h"
 #include "support/TestNumbers.h"
 
 #include <gtest/gtest.h>
@@ -126,6 +127,7 @@ struct Mesh
         , E(nodes)
         , aux(nodes)
         , iterations(nodes, 77)
+        , terms(nodes, 77.0)
     {}
 
     static Mesh random(unsigned long levels, unsigned long nodes, unsigned long seed,
@@ -160,6 +162,7 @@ struct Mesh
     std::vector<double> E;
     std::vector<double> aux;
     std::vector<unsigned long> iterations;
+    std::vector<double> terms;
     unsigned long largest = 0;
 };
 
@@ -169,16 +172,32 @@ constexpr double dz2 = 0.25;
 Mesh advanced(Level level, Scheme scheme, const Matter& matter, Mesh mesh, double dt = step)
 {
     std::vector<double> work;
-    const QV_IterationKernel::Nodes nodes{
-        mesh.count, reinterpret_cast<double*>(mesh.rho.data()), mesh.E.data(),
-        scheme == Scheme::CRANK ? nullptr : mesh.aux.data(), mesh.iterations.data()};
-    mesh.largest = QV_IterationKernel::advance(level, scheme, matter.atoms(), dt, dz2, nodes, work);
+    const QV_IterationKernel::Nodes nodes{mesh.count,
+                                          reinterpret_cast<double*>(mesh.rho.data()),
+                                          mesh.E.data(),
+                                          scheme == Scheme::CRANK ? nullptr : mesh.aux.data(),
+                                          mesh.iterations.data(),
+                                          mesh.terms.data()};
+    mesh.largest =
+        QV_IterationKernel::advance(level, {scheme, matter.atoms(), dt}, dz2, nodes, work);
     return mesh;
 }
 
 Mesh advanced(Scheme scheme, const Matter& matter, const Mesh& mesh, double dt = step)
 {
     return advanced(QV_InstructionSet::PLAIN, scheme, matter, mesh, dt);
+}
+
+/// The terms that an advance leaves beside these densities.
+std::vector<double> termsOf(Scheme scheme, const Matter& matter, const Mesh& mesh)
+{
+    if (!QV_IterationKernel::leavesTerms(scheme)) {
+        return std::vector<double>(mesh.count, 77.0);
+    }
+    std::vector<double> terms(mesh.count, 0.0);
+    QV_FieldKernel::addPolarization(QV_InstructionSet::PLAIN, matter.atoms(), 1.0, mesh.count,
+                                    reinterpret_cast<const double*>(mesh.rho.data()), terms.data());
+    return terms;
 }
 
 template <typename T>
@@ -194,7 +213,7 @@ bool isSameNumber(double a, double b)
     return std::memcmp(&a, &b, sizeof(double)) == 0 || (std::isnan(a) && std::isnan(b));
 }
 
-/// Densities, field and iterations.
+/// Densities, field, polarization terms and iterations.
 testing::AssertionResult isSame(const Mesh& a, const Mesh& b)
 {
     if (a.iterations != b.iterations || a.largest != b.largest) {
@@ -204,6 +223,10 @@ testing::AssertionResult isSame(const Mesh& a, const Mesh& b)
         if (!isSameNumber(a.E[j], b.E[j])) {
             return testing::AssertionFailure()
                    << "field at " << j << ": " << a.E[j] << ", " << b.E[j];
+        }
+        if (!isSameNumber(a.terms[j], b.terms[j])) {
+            return testing::AssertionFailure()
+                   << "term at " << j << ": " << a.terms[j] << ", " << b.terms[j];
         }
         for (unsigned long i = j * a.n * a.n; i < (j + 1) * a.n * a.n; ++i) {
             if (!isSameNumber(a.rho[i].real(), b.rho[i].real())
@@ -516,8 +539,8 @@ TEST_P(QV_IterationKernelTest, WithoutNodesNothingHappens)
     const QV_IterationKernel::Nodes none{0, nullptr, nullptr, nullptr, nullptr};
     for (const unsigned long n : {1UL, 2UL, 5UL}) {
         const Matter matter(n);
-        EXPECT_EQ(QV_IterationKernel::advance(QV_InstructionSet::best(), GetParam(), matter.atoms(),
-                                              step, dz2, none, work),
+        EXPECT_EQ(QV_IterationKernel::advance(QV_InstructionSet::best(),
+                                              {GetParam(), matter.atoms(), step}, dz2, none, work),
                   0UL);
     }
 }
@@ -529,6 +552,7 @@ TEST_P(QV_IterationKernelTest, ALimitOfZeroLeavesEveryNodeAsItIs)
     Mesh mesh = Mesh::random(3, 11, 2, false);
     const Mesh found = advanced(GetParam(), matter, mesh);
     mesh.iterations.assign(11, 0);
+    mesh.terms = termsOf(GetParam(), matter, mesh);
     EXPECT_TRUE(isSame(found, mesh));
 }
 
@@ -540,6 +564,7 @@ TEST_P(QV_IterationKernelTest, ARateOfOneOrMoreLeavesEveryNodeAsItIs)
         matter.rate = rate;
         const Mesh found = advanced(GetParam(), matter, mesh);
         mesh.iterations.assign(11, 0);
+        mesh.terms = termsOf(GetParam(), matter, mesh);
         EXPECT_TRUE(isSame(found, mesh)) << rate;
     }
 }
@@ -618,8 +643,9 @@ TEST_P(QV_IterationKernelTest, TheWorkOfAnotherLevelCountChangesNothing)
         const QV_IterationKernel::Nodes nodes{10, reinterpret_cast<double*>(found.rho.data()),
                                               found.E.data(), found.aux.data(),
                                               found.iterations.data()};
-        found.largest = QV_IterationKernel::advance(QV_InstructionSet::best(), GetParam(),
-                                                    matter.atoms(), step, dz2, nodes, work);
+        found.largest = QV_IterationKernel::advance(
+            QV_InstructionSet::best(), {GetParam(), matter.atoms(), step}, dz2, nodes, work);
+        found.terms = advanced(GetParam(), matter, mesh).terms; // not asked for
         EXPECT_TRUE(isSame(found, advanced(GetParam(), matter, mesh))) << n;
         work.assign(work.size(), notANumber);
     }
@@ -1040,6 +1066,48 @@ TEST_P(QV_IterationKernelBits, ALargeResidualAmongHermitianDensitiesGivesTheBits
                 mesh.node(large)[i] *= 1e9;
             }
             expectPlainBits(matter, mesh);
+        }
+    }
+}
+
+// Densities of 2 or more, and tables so large that products with a dipole of zero are none, are not worked out from the
+// lower triangle alone.
+TEST_P(QV_IterationKernelBits, TheTermsOfLargeDensitiesAndTablesAreThoseOfThePlainForm)
+{
+    for (unsigned long n = 2; n <= 4; ++n) {
+        for (const double factor : {1.0, 1.9, 2.0, 1e9, 1e200, 1e300}) {
+            for (unsigned long large = 0; large < n * n; ++large) {
+                const Matter matter = Matter::symmetric(n, 13, true);
+                Mesh mesh = Mesh::random(n, 19, 300 + large, true);
+                Complex* const rho = mesh.node(5);
+                rho[large] *= factor;
+                rho[large % n * n + large / n] = std::conj(rho[large]);
+                expectPlainBits(matter, mesh);
+                Matter other = matter;
+                other.D[large] *= factor;
+                expectPlainBits(other, Mesh::random(n, 19, 320, true));
+                other = matter;
+                other.Nu[large] *= factor;
+                other.Nu[large % n * n + large / n] = std::conj(other.Nu[large]);
+                expectPlainBits(other, Mesh::random(n, 19, 330, true));
+            }
+        }
+    }
+}
+
+TEST_P(QV_IterationKernelBits, TheTermsAreThePolarizationOfTheNewDensities)
+{
+    std::vector<Level> levels = widerSets();
+    levels.push_back(QV_InstructionSet::PLAIN);
+    for (const Level level : levels) {
+        for (unsigned long n = 1; n <= 5; ++n) {
+            for (const bool isChain : {false, true}) {
+                const Matter matter = Matter::symmetric(n, 14, isChain);
+                const Mesh found =
+                    advanced(level, GetParam(), matter, Mesh::random(n, 21, 340, true));
+                EXPECT_TRUE(isSame(found.terms, termsOf(GetParam(), matter, found)))
+                    << QV_InstructionSet::getName(level) << ", " << n << " levels";
+            }
         }
     }
 }

@@ -1,5 +1,6 @@
 #include "quorvex/QV_SplitKernel.h"
 
+#include "quorvex/QV_FieldKernel.h"
 #include "support/PlainMatrix.h"
 #include "support/TestNumbers.h"
 
@@ -97,6 +98,10 @@ struct Matter
         for (unsigned long i = 0; i < m * m * m * n * n; ++i) {
             third.push_back(numbers.next());
         }
+        for (unsigned long i = 0; i < n * n; ++i) {
+            D.push_back(numbers.next());
+            Nu.push_back(numbers.nextComplex());
+        }
         formTables();
     }
 
@@ -170,7 +175,9 @@ struct Matter
 
     QV_Atoms atoms() const
     {
-        return {n, m, P.data(), nullptr, nullptr, nullptr, nullptr, 0.0, 0.0, 0.0, 0};
+        return {
+            n,       m,   P.data(), nullptr, D.data(), reinterpret_cast<const double*>(Nu.data()),
+            nullptr, 0.0, 0.3,      0.0,     0};
     }
 
     QV_SplitKernel::Tables tables() const
@@ -195,6 +202,8 @@ struct Matter
     std::vector<double> P;
     std::vector<double> expA;
     Matrix decay;
+    std::vector<double> D;
+    Matrix Nu;
     std::vector<double> rhoE;
     std::vector<double> third;
     std::vector<double> traces2;
@@ -211,6 +220,7 @@ struct Mesh
         , count(nodes)
         , rho(nodes * levels * levels)
         , E(nodes * components)
+        , terms(nodes * components, 77.0)
     {}
 
     static Mesh random(const Matter& matter, unsigned long nodes, unsigned long seed,
@@ -248,13 +258,15 @@ struct Mesh
     unsigned long count;
     Matrix rho;
     std::vector<double> E;
+    std::vector<double> terms;
 };
 
 Mesh advanced(Level level, const Matter& matter, Mesh mesh)
 {
     std::vector<double> work;
     QV_SplitKernel::advance(level, matter.atoms(), matter.tables(), mesh.count,
-                            reinterpret_cast<double*>(mesh.rho.data()), mesh.E.data(), work);
+                            reinterpret_cast<double*>(mesh.rho.data()), mesh.E.data(),
+                            mesh.terms.data(), work);
     return mesh;
 }
 
@@ -393,6 +405,12 @@ testing::AssertionResult isSame(const Mesh& a, const Mesh& b)
             || !isSame(a.rho[i].imag(), b.rho[i].imag())) {
             return testing::AssertionFailure()
                    << "element " << i << ": " << a.rho[i] << ", " << b.rho[i];
+        }
+    }
+    for (unsigned long i = 0; i < a.terms.size(); ++i) {
+        if (!isSame(a.terms[i], b.terms[i])) {
+            return testing::AssertionFailure()
+                   << "term " << i << ": " << a.terms[i] << ", " << b.terms[i];
         }
     }
     return testing::AssertionSuccess();
@@ -608,7 +626,8 @@ TEST(QV_SplitKernel, TheWorkOfOtherAtomsChangesNothing)
             Mesh found = mesh;
             QV_SplitKernel::advance(QV_InstructionSet::best(), matter.atoms(), matter.tables(), 9,
                                     reinterpret_cast<double*>(found.rho.data()), found.E.data(),
-                                    work);
+                                    nullptr, work);
+            found.terms = advanced(matter, mesh).terms; // not asked for
             EXPECT_TRUE(isSame(found, advanced(matter, mesh)));
             work.assign(work.size(), notANumber);
         }
@@ -722,6 +741,29 @@ TEST(QV_SplitKernel, TwoParitiesGiveTheBitsOfThePlainForm)
             }
         }
     });
+}
+
+TEST(QV_SplitKernel, TheTermsAreThePolarizationOfTheNewDensities)
+{
+    std::vector<Level> levels = {QV_InstructionSet::PLAIN, QV_InstructionSet::BASELINE,
+                                 QV_InstructionSet::AVX2, QV_InstructionSet::AVX512};
+    std::erase_if(levels, [](Level level) { return !QV_InstructionSet::isAvailable(level); });
+    for (const Level level : levels) {
+        for (unsigned long n = 2; n <= 5; ++n) {
+            for (unsigned long m = 1; m <= 3; ++m) {
+                Matter matter(n, m, n);
+                matter.makeTwoParities(2);
+                const Mesh found = advanced(level, matter, Mesh::random(matter, 21, 50, true));
+                Mesh expected = found;
+                expected.terms.assign(21 * m, 0.0);
+                QV_FieldKernel::addPolarization(QV_InstructionSet::PLAIN, matter.atoms(), 1.0, 21,
+                                                reinterpret_cast<const double*>(found.rho.data()),
+                                                expected.terms.data());
+                EXPECT_TRUE(isSame(found, expected)) << QV_InstructionSet::getName(level);
+                EXPECT_EQ(found.terms[0] != 0.0, n < 5); // densities of five levels are lost
+            }
+        }
+    }
 }
 
 TEST(QV_SplitKernel, TwoParitiesGiveTheBitsOfThePlainFormForEveryNumberOfNodes)
@@ -846,6 +888,14 @@ TEST(QV_SplitKernel, TwoParitiesGiveTheBitsOfThePlainFormWithOneOddNumberInATabl
                 changed.decay[i] = {odd, 1.0};
                 expectPlainBits(changed, mesh);
                 changed.decay[i] = {1.0, odd};
+                expectPlainBits(changed, mesh);
+                changed = matter;
+                changed.D[i] = odd;
+                expectPlainBits(changed, mesh);
+                changed = matter;
+                changed.Nu[i] = {odd, 1.0};
+                expectPlainBits(changed, mesh);
+                changed.Nu[i] = {1.0, odd};
                 expectPlainBits(changed, mesh);
                 changed = matter;
                 changed.products2[i] = odd;
