@@ -424,6 +424,21 @@ QV_INLINE void populationFluxes(const Call& call, const typename QV_HermitianBlo
     }
 }
 
+/// sum over k of table[a][k] (Rp + rho)[k][k], of the `entries` of the table that are not zero.
+template <int W, int N>
+QV_INLINE void populationSum(const double* table, unsigned long entries,
+                             const QV_HermitianBlock<W, N>& block, unsigned long a,
+                             typename QV_Pack<W>::Real& sum)
+{
+    clear(sum);
+#pragma GCC unroll 4
+    for (unsigned long k = 0; k < N; ++k) {
+        if (isSet<N>(entries, a, k)) {
+            sum += table[a * N + k] * block.mSum.mPopulations[k];
+        }
+    }
+}
+
 /// (R - Rp)^2 of a population on top of `sum`.
 template <int W, int N>
 QV_INLINE void addPopulationResidual(const QV_HermitianBlock<W, N>& block, unsigned long a,
@@ -485,13 +500,7 @@ QV_INLINE void updateCrank(const Call& call, QV_HermitianBlock<W, N>& block,
 #pragma GCC unroll 4
     for (unsigned long a = 0; a < N; ++a) {
         Real gain;
-        clear(gain);
-#pragma GCC unroll 4
-        for (unsigned long k = 0; k < N; ++k) {
-            if (isSet<N>(call.mOperator, a, k)) {
-                gain += call.mHalfD[a * N + k] * block.mSum.mPopulations[k];
-            }
-        }
+        populationSum(call.mHalfD, call.mOperator, block, a, gain);
         const Real turned =
             block.mEntry.mPopulations[a] - call.mHalf * (block.mEntry.mE * fluxes[a]);
         block.mIterate.mPopulations[a] = turned + gain;
@@ -544,25 +553,23 @@ template <Scheme S, int W, int N>
 QV_INLINE void populationGain(const Call& call, const QV_HermitianBlock<W, N>& block,
                               unsigned long a, typename QV_Pack<W>::Real& gain)
 {
+    if constexpr (S != Scheme::PRED_CORR) {
+        populationSum(call.mHalfW, call.mLongitudinal, block, a, gain);
+        return;
+    }
     clear(gain);
 #pragma GCC unroll 4
     for (unsigned long k = 0; k < N; ++k) {
         const auto& s = block.mSum.mPopulations[k];
-        if constexpr (S == Scheme::PRED_CORR) {
-            // The term of k = a is 0.
-            if (k != a && isSet<N>(call.mLongitudinal, a, a)) {
-                gain += call.mAtoms->mW[a * N + k] * s
-                        - call.mAtoms->mW[a * N + a] * block.mSum.mPopulations[a];
-            } else if (k != a && isSet<N>(call.mLongitudinal, a, k)) {
-                gain += call.mAtoms->mW[a * N + k] * s;
-            }
-        } else if (isSet<N>(call.mLongitudinal, a, k)) {
-            gain += call.mHalfW[a * N + k] * s;
+        // The term of k = a is 0.
+        if (k != a && isSet<N>(call.mLongitudinal, a, a)) {
+            gain += call.mAtoms->mW[a * N + k] * s
+                    - call.mAtoms->mW[a * N + a] * block.mSum.mPopulations[a];
+        } else if (k != a && isSet<N>(call.mLongitudinal, a, k)) {
+            gain += call.mAtoms->mW[a * N + k] * s;
         }
     }
-    if constexpr (S == Scheme::PRED_CORR) {
-        gain = gain * call.mDt * 0.5;
-    }
+    gain = gain * call.mDt * 0.5;
 }
 
 /// updateCoupled() for one coherence of the lower triangle, `g` being dt / 4 times the sum of the fields.
@@ -643,13 +650,7 @@ QV_INLINE void updateDiagonal(const Call& call, QV_HermitianBlock<W, N>& block,
 #pragma GCC unroll 4
     for (unsigned long a = 0; a < N; ++a) {
         Real gain;
-        clear(gain);
-#pragma GCC unroll 4
-        for (unsigned long k = 0; k < N; ++k) {
-            if (isSet<N>(call.mOperator, a, k)) {
-                gain += block.mSum.mPopulations[k] * call.mAtoms->mD[a * N + k];
-            }
-        }
+        populationSum(call.mAtoms->mD, call.mOperator, block, a, gain);
         block.mIterate.mPopulations[a] =
             block.mEntry.mPopulations[a] + call.mHalf * (gain - fields * fluxes[a]);
         addPopulationResidual(block, a, residual);

@@ -667,7 +667,8 @@ QV_INLINE bool advanceParity(const Call& call)
     return true;
 }
 
-/// Every way to give parities to the levels but one parity for all; level 0 has parity 0.
+/// The ways to give parities to two and three levels (a ladder, two lower levels, two upper ones), and a ladder of four;
+/// level 0 has parity 0.
 template <int W, void (*GENERAL)(const Call&)>
 QV_INLINE void advanceParities(const Call& call)
 {

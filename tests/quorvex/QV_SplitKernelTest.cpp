@@ -881,28 +881,19 @@ TEST(QV_SplitKernel, TwoParitiesGiveTheBitsOfThePlainFormWithOneOddNumberInATabl
                 expectPlainBits(changed, mesh);
                 changed.formTables();
                 expectPlainBits(changed, mesh);
-                changed = matter;
-                changed.expA[i] = odd;
-                expectPlainBits(changed, mesh);
-                changed = matter;
-                changed.decay[i] = {odd, 1.0};
-                expectPlainBits(changed, mesh);
-                changed.decay[i] = {1.0, odd};
-                expectPlainBits(changed, mesh);
-                changed = matter;
-                changed.D[i] = odd;
-                expectPlainBits(changed, mesh);
-                changed = matter;
-                changed.Nu[i] = {odd, 1.0};
-                expectPlainBits(changed, mesh);
-                changed.Nu[i] = {1.0, odd};
-                expectPlainBits(changed, mesh);
-                changed = matter;
-                changed.products2[i] = odd;
-                expectPlainBits(changed, mesh);
-                changed = matter;
-                changed.third[i] = odd;
-                expectPlainBits(changed, mesh);
+                for (std::vector<double> Matter::*const table :
+                     {&Matter::expA, &Matter::D, &Matter::products2, &Matter::third}) {
+                    changed = matter;
+                    (changed.*table)[i] = odd;
+                    expectPlainBits(changed, mesh);
+                }
+                for (Matrix Matter::*const table : {&Matter::decay, &Matter::Nu}) {
+                    changed = matter;
+                    (changed.*table)[i] = {odd, 1.0};
+                    expectPlainBits(changed, mesh);
+                    (changed.*table)[i] = {1.0, odd};
+                    expectPlainBits(changed, mesh);
+                }
             }
             Matter changed = matter;
             changed.isShifted = true;
