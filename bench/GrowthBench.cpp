@@ -1,0 +1,83 @@
+#include "BenchProblem.h"
+#include "common/COM_Scoped.h"
+
+#include <cstdio>
+#include <ctime>
+#include <exception>
+#include <string>
+#include <vector>
+
+// How the cost of a node-step grows with the problem, for a scheme that iterates and for the splitting: processor time
+// in the time loop, result files included, from the end of the first step to that of the last. All atoms start in a
+// superposition, so that each node iterates from the first step on.
+
+namespace {
+
+/// Processor time, so that other programs show less.
+double seconds()
+{
+    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+}
+
+/// Nanoseconds a node-step, the best of three runs.
+double cost(const BenchProblem& properties)
+{
+    double best = 0.0;
+    for (int turn = 0; turn < 3; ++turn) {
+        const QuietDirectory directory;
+        const COM_Scoped problem(properties.create());
+        problem->setSavingPath(directory.slashed());
+        double first = 0.0;
+        double last = 0.0;
+        problem->setWatcher([&first, &last] {
+            last = seconds();
+            first = first == 0.0 ? last : first;
+        });
+        const COM_Scoped out(COM_Out::New());
+        if (problem->run(*out) != 0) {
+            std::terminate();
+        }
+        const auto nodeSteps =
+            static_cast<double>(properties.mNodes) * static_cast<double>(properties.mSteps - 1);
+        const double time = 1e9 * (last - first) / nodeSteps;
+        best = turn == 0 || time < best ? time : best;
+    }
+    return best;
+}
+
+/// A row for each value of one property, the others being those of `usual`.
+void printRows(const char* name, unsigned long BenchProblem::*property,
+               const std::vector<unsigned long>& values, const BenchProblem& usual)
+{
+    for (const unsigned long value : values) {
+        std::printf("| %s | %lu |", name, value);
+        for (const unsigned char method : {QV_Problem::CN_P_METHOD, QV_Problem::SPLIT_METHOD}) {
+            BenchProblem problem = usual;
+            problem.mMethod = method;
+            problem.*property = value;
+            if (property == &BenchProblem::mNodes) {
+                problem.mSteps = usual.mNodes * usual.mSteps / value; // of the same work
+            }
+            const bool isTreated = method != QV_Problem::SPLIT_METHOD || problem.mLevels <= 4;
+            std::printf(isTreated ? " %.1f |" : " |", isTreated ? cost(problem) : 0.0);
+            std::fflush(stdout);
+        }
+        std::printf("\n");
+    }
+}
+
+} // namespace
+
+int main()
+{
+    BenchProblem usual;
+    usual.mSteps = 2000;
+    usual.mIsExcited = true;
+    std::printf("| of | number | CN_P, ns a node-step | Split |\n|---|---|---|---|\n");
+    printRows("nodes", &BenchProblem::mNodes, {100, 1000, 5000, 10000, 100000, 1000000}, usual);
+    printRows("steps", &BenchProblem::mSteps, {100, 1000, 10000, 20000}, usual);
+    printRows("levels", &BenchProblem::mLevels, {2, 3, 4, 5, 6}, usual);
+    printRows("systems", &BenchProblem::mSystems, {1, 2, 4, 8, 16}, usual);
+    printRows("captors", &BenchProblem::mCaptors, {1, 3, 10, 30, 100, 300}, usual);
+    return 0;
+}
