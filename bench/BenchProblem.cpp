@@ -60,11 +60,18 @@ QV_1DProblem* BenchProblem::create() const
         (*problem->getBlochEquations())[i].setLevelsFrequency(*own);
     }
     const COM_Scoped density(LA_ComplexMatrix::New(mLevels, mLevels));
-    (*density)[0][0] = mIsExcited ? 0.5 : 1.0;
+    (*density)[0][0] = 1.0;
     if (mIsExcited) {
-        (*density)[1][1] = 0.5;
-        (*density)[0][1] = {1e-3, 3e-4};
-        (*density)[1][0] = {1e-3, -3e-4};
+        // Fewer atoms than usual: so many that radiate at once would drive one another to infinity.
+        QV_Bloch::setAtomsNumber(1e21);
+        for (unsigned long a = 0; a < mLevels; ++a) {
+            (*density)[a][a] = 1.0 / static_cast<double>(mLevels);
+            for (unsigned long b = 0; b < mLevels; ++b) {
+                if (a + 1 == b || b + 1 == a) {
+                    (*density)[a][b] = {1e-3, a < b ? 3e-4 : -3e-4};
+                }
+            }
+        }
     }
     QV_Bloch::setInitialDensity(*density);
     return problem;

@@ -23,8 +23,8 @@ struct BenchProblem
     unsigned long mSteps = 8000;
     unsigned long mSystems = 1;
     unsigned long mCaptors = 3;
-    /// Atoms start with equal populations and a weak coherence of the two lowest levels, and radiate at once: every step
-    /// costs the same.
+    /// Atoms start with equal populations and weak coherences, and radiate at once: each node iterates from the first
+    /// step on.
     bool mIsExcited = false;
 
     /// A new problem, which the caller deletes. Sets what all atoms share.

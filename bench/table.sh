@@ -1,9 +1,12 @@
 #!/bin/sh
-# Prints the tables of docs/performance.md: bench/table.sh BUILD_DIRECTORY
-# BUILD_DIRECTORY holds the preset bench. The solver's rates are the best of three runs, in million
-# node-steps a second; the plain form, which takes minutes, runs once.
+# Prints the tables of docs/performance.md: bench/table.sh BUILD_DIRECTORY [PLAIN_RUNS]
+# BUILD_DIRECTORY holds the preset bench. The solver's rates are medians of three runs; those of the plain form, which takes
+# a quarter of an hour for all schemes, of PLAIN_RUNS, 1 if none is given.
 set -eu
 solver=$1/bench/quorvex_solver_bench
+operations=$1/bench/quorvex_operations_bench
+growth=$1/bench/quorvex_growth_bench
+plainRuns=${2:-1}
 transform=$1/bench/quorvex_transform_bench
 memory=$1/bench/quorvex_memory_bench
 plot=$1/bench/quorvex_plot_bench
@@ -13,9 +16,12 @@ echo "Machine: $(sed -n 's/^model name[^:]*: //p' /proc/cpuinfo | head -n 1), $(
 echo "Compiler: $(c++ --version | head -n 1)"
 echo "Date: $(date +%F)"
 echo
-echo "| scheme | levels | plain form | baseline | AVX2 | AVX-512 | AVX2 / plain | AVX-512 / plain |"
-echo "|---|---|---|---|---|---|---|---|"
+# For each scheme and level count, millions of node-steps a second; operations of the AVX-512 variant in one of them, and
+# their share of what the core can do.
+echo "| scheme | levels | plain form | baseline | AVX2 | AVX-512 | AVX2 / plain | AVX-512 / plain | operations | of the peak |"
+echo "|---|---|---|---|---|---|---|---|---|---|"
 # rates VARIANT FILTER REPETITIONS: lines of variant, scheme, levels and node-steps a second
+# The plain form has no variants: its name here is none that the solver knows.
 rates() {
     QUORVEX_INSTRUCTIONS=$1 "$solver" --benchmark_filter="^$2/" --benchmark_repetitions="$3" --benchmark_format=csv 2>/dev/null |
         awk -F, -v variant="$1" '/^"(solver|plain)\// && !/_(mean|median|stddev|cv)"/ {
@@ -23,21 +29,41 @@ rates() {
             print variant, name[2], name[3], $NF + 0
         }'
 }
-# The plain form has no variants: its name here is none that the solver knows.
-{ rates form plain 1; for variant in baseline avx2 avx512; do rates $variant solver 3; done; } | awk '
+{
+    QUORVEX_INSTRUCTIONS=avx512 "$operations"
+    rates form plain "$plainRuns"
+    for variant in baseline avx2 avx512; do rates $variant solver 3; done
+} | awk '
+    $1 == "peak" { peak = $2; next }
+    $1 == "operations" { operations[$2 " | " $3] = $4; next }
     {
         key = $2 " | " $3
         if (!(key in seen)) { seen[key] = 1; order[++count] = key }
-        if ($4 > best[$1, key]) best[$1, key] = $4
+        value[$1, key, ++runs[$1, key]] = $4
+    }
+    # The one in the middle of the runs.
+    function median(variant, key,    n, i, j, less) {
+        n = runs[variant, key]
+        for (i = 1; i <= n; ++i) {
+            less = 0
+            for (j = 1; j <= n; ++j) {
+                less += value[variant, key, j] < value[variant, key, i] || (value[variant, key, j] == value[variant, key, i] && j < i)
+            }
+            if (less == int((n - 1) / 2)) return value[variant, key, i]
+        }
     }
     END {
         for (i = 1; i <= count; ++i) {
-            form = best["form", order[i]]
-            printf "| %s | %.1f | %.1f | %.1f | %.1f | %.1f | %.1f |\n", order[i], form / 1e6,
-                best["baseline", order[i]] / 1e6, best["avx2", order[i]] / 1e6, best["avx512", order[i]] / 1e6,
-                best["avx2", order[i]] / form, best["avx512", order[i]] / form
+            key = order[i]
+            form = median("form", key); avx2 = median("avx2", key); avx512 = median("avx512", key)
+            printf "| %s | %.2f | %.1f | %.1f | %.1f | %.1f | %.1f | %.0f | %.0f %% |\n", key, form / 1e6,
+                median("baseline", key) / 1e6, avx2 / 1e6, avx512 / 1e6, avx2 / form, avx512 / form,
+                operations[key], 100 * avx512 * operations[key] / peak
         }
+        printf "\nThe peak: %.1f thousand million operations a second.\n", peak / 1e9
     }'
+echo
+"$growth"
 echo
 echo "A million nodes, two levels, one system:"
 echo
