@@ -997,7 +997,7 @@ bool QV_Bloch::solveBlochRelaxDiag(double t, double dt, const QV_Field& oldField
 
 bool QV_Bloch::solveBlochSplitInit(double /*t*/, double dt)
 {
-    mTables.reset();
+    mSplitTables.reset();
     const double tau = mSplitType == RNHRN_SPLIT_TYPE ? dt * 0.5 : dt;
     const unsigned long n = mLevelsNumber;
     const QV_Field* const E = electricField(nullptr);
@@ -1104,17 +1104,18 @@ const QV_SplitKernel::Tables& QV_Bloch::splitTables(double tau, unsigned long m,
 {
     const bool isShifted = mRelaxationType != PAULI_RELAXATION_TYPE;
     const double* const rhoE = isShifted ? mRhoE->getValues() : nullptr;
-    if (mIsInRun && mTables && mTablesComponents == m && mTables->mOrder == mSplitType
-        && mTables->mTau == tau && mTables->mExpA == values(mExpA) && mTables->mRhoE == rhoE) {
-        return *mTables;
+    if (mIsInRun && mSplitTables && mSplitComponents == m && mSplitTables->mOrder == mSplitType
+        && mSplitTables->mTau == tau && mSplitTables->mExpA == values(mExpA)
+        && mSplitTables->mRhoE == rhoE) {
+        return *mSplitTables;
     }
     const unsigned long n = mLevelsNumber;
     const unsigned long size = n * n;
     const unsigned long m2 = isTreated ? m * m : 0;
     const unsigned long m3 = n > 2 ? m2 * m : 0;
     const unsigned long m4 = n > 3 ? m3 * m : 0;
-    mSplitTables.assign(2 * size + m2 + m3 + m4 + (m2 + m3) * size, 0.0);
-    double* const decay = mSplitTables.data();
+    mSplitValues.assign(2 * size + m2 + m3 + m4 + (m2 + m3) * size, 0.0);
+    double* const decay = mSplitValues.data();
     double* const traces2 = decay + 2 * size;
     double* const traces3 = traces2 + m2;
     double* const traces4 = traces3 + m3;
@@ -1156,10 +1157,10 @@ const QV_SplitKernel::Tables& QV_Bloch::splitTables(double tau, unsigned long m,
         traces4[i] = trace((i / (m * m * m) + 1) * b * b * b + (i / (m * m) % m + 1) * b * b
                            + (i / m % m + 1) * b + i % m + 1);
     }
-    mTables = {mSplitType, tau,     values(mExpA), decay,     rhoE,
-               traces2,    traces3, traces4,       products2, products3};
-    mTablesComponents = m;
-    return *mTables;
+    mSplitTables = {mSplitType, tau,     values(mExpA), decay,     rhoE,
+                    traces2,    traces3, traces4,       products2, products3};
+    mSplitComponents = m;
+    return *mSplitTables;
 }
 
 // ---------------------------------------------------------------- polarization
@@ -1205,7 +1206,7 @@ void QV_Bloch::endRun()
     mIsInRun = false;
     mTermsRange = {0, 0};
     mIterationTables.reset();
-    mTables.reset();
+    mSplitTables.reset();
 }
 
 void QV_Bloch::addPolarizationTerms(long first, long last, unsigned long components, double factor,

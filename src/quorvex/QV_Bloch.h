@@ -292,19 +292,20 @@ private:
                                        ///< in base m + 1; other slots null. Counted.
 
     LA_Block<std::complex<double>>* mBlock =
-        nullptr;                       ///< The densities' values in one run. Counted.
-    QV_Field* mSecondMember = nullptr; ///< Scratch of the coupled schemes. Counted.
-    bool mIsInRun = false;
-    Range mTermsRange = {0, 0};         ///< Nodes whose source the last step has left in mTerms.
-    unsigned long mTermsComponents = 0; ///< Its values for each of them.
-    std::vector<double> mTerms;
-    std::optional<QV_IterationKernel::Tables> mIterationTables;
-    std::optional<QV_SplitKernel::Tables>
-        mTables;                         ///< Of the splitting; its own stand in mSplitTables.
-    unsigned long mTablesComponents = 0; ///< Components that they are for.
-    std::vector<double> mPolarizations;  ///< Scratch: dipole matrices in one run.
-    std::vector<double> mSplitTables;
+        nullptr;                            ///< The densities' values in one run. Counted.
+    QV_Field* mSecondMember = nullptr;      ///< Scratch of the coupled schemes. Counted.
+    std::vector<double> mPolarizations;     ///< Scratch: dipole matrices in one run.
     std::vector<double> mWork;              ///< Scratch of the kernels.
     std::vector<unsigned long> mIterations; ///< Scratch: iterations of each node.
     std::string mLine;                      ///< Scratch: a line of a result file.
+
+    // What a run keeps from step to step.
+    bool mIsInRun = false;
+    Range mTermsRange = {0, 0};         ///< Nodes whose source the last step has left in mTerms,
+    unsigned long mTermsComponents = 0; ///< so many values a node.
+    std::vector<double> mTerms;
+    std::optional<QV_IterationKernel::Tables> mIterationTables;
+    std::optional<QV_SplitKernel::Tables> mSplitTables;
+    unsigned long mSplitComponents = 0; ///< Components of the field that they are for.
+    std::vector<double> mSplitValues;   ///< What they point to.
 };
