@@ -128,7 +128,7 @@ struct QV_HermitianBlock
         for (unsigned long i = 0; i < PAIRS; ++i) {
             sum += mKept.mCoherences[i].mRe + mKept.mCoherences[i].mIm;
         }
-        const Mask finite = sum - sum == Real{};
+        const Mask finite = 0.0 * sum == Real{};
         return Pack::bits(finite) == Pack::ALL_BITS;
     }
 

@@ -339,61 +339,64 @@ QV_INLINE void clear(Real& sum)
     sum = -Real{};
 }
 
+/// P[a][k] S[k][c] - P[k][c] S[a][k] on top of C, with k neither a nor c and c < a. The imaginary part changes its sign
+/// with k < c in the first term and with a < k in the second.
+template <int W, int N>
+QV_INLINE void addPath(const Call& call, const QV_HermitianBlock<W, N>& block, unsigned long a,
+                       unsigned long c, unsigned long k,
+                       QV_PackComplex<typename QV_Pack<W>::Real>& C)
+{
+    using Block = QV_HermitianBlock<W, N>;
+    using Real = typename Block::Real;
+    const double* const P = call.mAtoms->mPs;
+    const auto& kc = block.mSum.mCoherences[Block::pair(k, c)];
+    const auto& ak = block.mSum.mCoherences[Block::pair(a, k)];
+    const bool isFirst = isCoupled<N>(call, a, k);
+    const bool isSecond = isCoupled<N>(call, k, c);
+    if (isFirst && isSecond) {
+        C.mRe += P[a * N + k] * kc.mRe - P[k * N + c] * ak.mRe;
+        const Real first = P[a * N + k] * kc.mIm;
+        const Real second = P[k * N + c] * ak.mIm;
+        if (k < c) {
+            C.mIm -= first + second;
+        } else if (k < a) {
+            C.mIm += first - second;
+        } else {
+            C.mIm += first + second;
+        }
+    } else if (isFirst) {
+        C.mRe += P[a * N + k] * kc.mRe;
+        if (k < c) {
+            C.mIm -= P[a * N + k] * kc.mIm;
+        } else {
+            C.mIm += P[a * N + k] * kc.mIm;
+        }
+    } else if (isSecond) {
+        C.mRe -= P[k * N + c] * ak.mRe;
+        if (k < a) {
+            C.mIm -= P[k * N + c] * ak.mIm;
+        } else {
+            C.mIm += P[k * N + c] * ak.mIm;
+        }
+    }
+}
+
 /// C[a][c] of a coherence, c < a. The imaginary part, which populations have no share in, is 0 for two levels.
 template <int W, int N>
 QV_INLINE void commutator(const Call& call, const QV_HermitianBlock<W, N>& block, unsigned long a,
                           unsigned long c, QV_PackComplex<typename QV_Pack<W>::Real>& C)
 {
-    using Block = QV_HermitianBlock<W, N>;
-    using Real = typename Block::Real;
-    const double* const P = call.mAtoms->mPs;
+    const double P = call.mAtoms->mPs[a * N + c];
     clear(C.mRe);
     clear(C.mIm);
 #pragma GCC unroll 4
     for (unsigned long k = 0; k < N; ++k) {
-        if (k == c) {
-            if (isCoupled<N>(call, a, c)) {
-                C.mRe += P[a * N + c] * block.mSum.mPopulations[c];
-            }
-            continue;
-        }
-        if (k == a) {
-            if (isCoupled<N>(call, a, c)) {
-                C.mRe -= P[a * N + c] * block.mSum.mPopulations[a];
-            }
-            continue;
-        }
-        // P[a][k] S[k][c] - P[k][c] S[a][k]. The imaginary part changes its sign with k < c in the first
-        // term and with a < k in the second.
-        const auto& kc = block.mSum.mCoherences[Block::pair(k, c)];
-        const auto& ak = block.mSum.mCoherences[Block::pair(a, k)];
-        const bool isFirst = isCoupled<N>(call, a, k);
-        const bool isSecond = isCoupled<N>(call, k, c);
-        if (isFirst && isSecond) {
-            C.mRe += P[a * N + k] * kc.mRe - P[k * N + c] * ak.mRe;
-            const Real first = P[a * N + k] * kc.mIm;
-            const Real second = P[k * N + c] * ak.mIm;
-            if (k < c) {
-                C.mIm -= first + second;
-            } else if (k < a) {
-                C.mIm += first - second;
-            } else {
-                C.mIm += first + second;
-            }
-        } else if (isFirst) {
-            C.mRe += P[a * N + k] * kc.mRe;
-            if (k < c) {
-                C.mIm -= P[a * N + k] * kc.mIm;
-            } else {
-                C.mIm += P[a * N + k] * kc.mIm;
-            }
-        } else if (isSecond) {
-            C.mRe -= P[k * N + c] * ak.mRe;
-            if (k < a) {
-                C.mIm -= P[k * N + c] * ak.mIm;
-            } else {
-                C.mIm += P[k * N + c] * ak.mIm;
-            }
+        if (k != a && k != c) {
+            addPath(call, block, a, c, k, C);
+        } else if (k == c && isCoupled<N>(call, a, c)) {
+            C.mRe += P * block.mSum.mPopulations[c];
+        } else if (isCoupled<N>(call, a, c)) {
+            C.mRe -= P * block.mSum.mPopulations[a];
         }
     }
 }
@@ -468,7 +471,7 @@ QV_INLINE void updateCrankCoherence(const Call& call, QV_HermitianBlock<W, N>& b
     using Real = typename Block::Real;
     const unsigned long i = Block::pair(a, c);
     const Real& E = block.mEntry.mE;
-    QV_PackComplex<Real> C;
+    QV_PackComplex<Real> C{};
     commutator(call, block, a, c, C);
     const auto& s = block.mSum.mCoherences[i];
     const double nuRe = call.mAtoms->mNu[2 * (a * N + c)];
@@ -581,7 +584,7 @@ QV_INLINE void updateCoupledCoherence(const Call& call, QV_HermitianBlock<W, N>&
     using Block = QV_HermitianBlock<W, N>;
     using Real = typename Block::Real;
     const unsigned long i = Block::pair(a, c);
-    QV_PackComplex<Real> C;
+    QV_PackComplex<Real> C{};
     commutator(call, block, a, c, C);
     const auto& s = block.mSum.mCoherences[i];
     const double zRe = call.mHalfNu[2 * (a * N + c)];
@@ -748,7 +751,7 @@ QV_INLINE bool iterateHermitian(const Call& call, const QV_PolarizationTerm<N>& 
     using Mask = typename Pack::Mask;
     constexpr unsigned long size = 2UL * N * N;
     const QV_Atoms& atoms = *call.mAtoms;
-    QV_HermitianBlock<W, N> block;
+    QV_HermitianBlock<W, N> block{};
     Mask refused;
     block.load(nodes.mRho + size * first, nodes.mE + first,
                nodes.mAux != nullptr ? nodes.mAux + first : nullptr, refused);
@@ -840,12 +843,13 @@ QV_INLINE void advanceNodes(const Call& call, const Nodes& nodes, Progress& prog
     const QV_PolarizationTerm<N> term(*call.mAtoms);
     unsigned long node = 0;
     for (; node + W <= nodes.mCount; node += W) {
-        if (call.mAtoms->mIterationsMax == 0 || !isEntered(*call.mAtoms, progress.mNorm0)) {
-            iterateOneByOne<S>(call, nodes, node, node + W, progress);
-        } else if (call.mIsSymmetric
-                   && iterateHermitian<S, W, N>(call, term, nodes, node, progress)) {
+        const bool isEntering =
+            call.mAtoms->mIterationsMax > 0 && isEntered(*call.mAtoms, progress.mNorm0);
+        if (isEntering && call.mIsSymmetric
+            && iterateHermitian<S, W, N>(call, term, nodes, node, progress)) {
             continue;
-        } else if (!iterate<S, W, N>(call, nodes, node, progress)) {
+        }
+        if (!isEntering || !iterate<S, W, N>(call, nodes, node, progress)) {
             iterateOneByOne<S>(call, nodes, node, node + W, progress);
         } else if constexpr (QV_IterationKernel::leavesTerms(S)) {
             writeTerms(call, nodes, node, node + W);

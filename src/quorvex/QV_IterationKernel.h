@@ -30,13 +30,14 @@ public:
     /// Neighbouring nodes. Densities are n by n complex values, node after node.
     struct Nodes
     {
-        unsigned long mCount;
-        double* mRho;       ///< Densities, advanced in place.
-        double* mE;         ///< Field at the nodes; advanced by P, ZIOLKO and PRED_CORR.
-        const double* mAux; ///< The second member of Ampere's equation for those three schemes,
-                            ///< the field before the step for RELAX_DIAG; else not read.
-        unsigned long* mIterations; ///< Gets the number of iterations of each node.
-        double* mTerms = nullptr;   ///< Unless null, gets the polarization term of each node, as
+        unsigned long mCount = 0;
+        double* mRho = nullptr; ///< Densities, advanced in place.
+        double* mE = nullptr;   ///< Field at the nodes; advanced by P, ZIOLKO and PRED_CORR.
+        const double* mAux =
+            nullptr; ///< The second member of Ampere's equation for those three schemes,
+                     ///< the field before the step for RELAX_DIAG; else not read.
+        unsigned long* mIterations = nullptr; ///< Gets the number of iterations of each node.
+        double* mTerms = nullptr; ///< Unless null, gets the polarization term of each node, as
             ///< QV_FieldKernel::addPolarization adds it to 0, from the schemes
             ///< that leave it.
     };

@@ -83,7 +83,7 @@ struct QV_Pack
             __builtin_memcpy(&number, &small, sizeof(number));
         } else if constexpr (W == 4) {
             using Halves = int __attribute__((vector_size(8 * sizeof(int))));
-            const Halves halves = reinterpret_cast<Halves>(mask);
+            const auto halves = reinterpret_cast<Halves>(mask);
             const auto low = __builtin_shufflevector(halves, halves, 0, 2, 4, 6);
             unsigned long parts[2];
             __builtin_memcpy(parts, &low, sizeof(parts));
@@ -218,9 +218,9 @@ struct QV_Pack
             im[i + 1] = rows[3];
         });
         QV_Unroll::each<COUNT - done>([&](auto rest) __attribute__((always_inline)) {
-            constexpr int i = done + rest;
+            constexpr unsigned long i = done + rest;
             gather<2, W>(from + 2 * i, 2 * 2 * COUNT, re[i]);
-            gather<2, W>(from + 2 * COUNT + 2 * i, 2 * 2 * COUNT, im[i]);
+            gather<2, W>(from + 2UL * COUNT + 2 * i, 2 * 2 * COUNT, im[i]);
             exchangeOnes(re[i], im[i]);
         });
     }
@@ -242,12 +242,12 @@ struct QV_Pack
             });
         });
         QV_Unroll::each<COUNT - done>([&](auto rest) __attribute__((always_inline)) {
-            constexpr int i = done + rest;
+            constexpr unsigned long i = done + rest;
             Real even = re[i];
             Real odd = im[i];
             exchangeOnes(even, odd);
             scatter<2, W>(even, to + 2 * i, 2 * 2 * COUNT);
-            scatter<2, W>(odd, to + 2 * COUNT + 2 * i, 2 * 2 * COUNT);
+            scatter<2, W>(odd, to + 2UL * COUNT + 2 * i, 2 * 2 * COUNT);
         });
     }
 

@@ -51,19 +51,19 @@ public:
             sum += column;
         });
         term = 0.0 + mDzeta * sum; // no -0
-        bits &= twoOrMore;
+        bits &= TWO_OR_MORE;
         return mHolds && !QV_Pack<W>::isAnyBit(bits);
     }
 
 private:
-    static constexpr int SIZE = N * N;
-    static constexpr double bound = 1e100;
-    static constexpr long twoOrMore = 1L << 62; // the first bit of the exponent
+    static constexpr unsigned long SIZE = 1UL * N * N;
+    static constexpr double BOUND = 1e100;
+    static constexpr long TWO_OR_MORE = 1L << 62; // the first bit of the exponent
 
     /// One component, no permanent dipoles, and numbers small enough that nothing overflows with densities below 2.
     static bool holds(const QV_Atoms& atoms)
     {
-        const auto isModerate = [](double x) { return std::fabs(x) < bound; };
+        const auto isModerate = [](double x) { return std::fabs(x) < BOUND; };
         bool isPlain = atoms.mComponents == 1;
         for (int a = 0; a < N; ++a) {
             isPlain = isPlain && atoms.mPs[a * N + a] == 0.0;

@@ -461,11 +461,27 @@ struct ParityBlock
         Pack::addDifference(Real{}, difference, mOddities);
     }
 
-    /// The formulas of `Block` with e = 0, which the trace of an odd power is.
+    /// The numerator of u[A][B] in the formulas of `Block` with e = 0, which the trace of an odd power is.
+    template <int A, int B>
+    QV_INLINE void formNumerator(const Real& squaredE, const Real& d, const Real& unit,
+                                 Real& numerator) const
+    {
+        constexpr int i = A * N + B;
+        const double c = mConstants.mC;
+        if constexpr (isOdd(A, B)) {
+            const Real term = mE * mConstants.mP[i];
+            numerator = N > 3 ? -(c * (2.0 - 2.0 * d)) * term : -2.0 * c * term;
+        } else if constexpr (N > 2) {
+            numerator = 2.0 * -(c * c) * (squaredE * mConstants.mProduct[i]);
+            numerator = A == B ? numerator + unit : numerator;
+        } else {
+            numerator = unit;
+        }
+    }
+
     QV_INLINE void formPropagator()
     {
-        const double c = mConstants.mC;
-        const double c2 = -(c * c);
+        const double c2 = -(mConstants.mC * mConstants.mC);
         const Real squaredE = mE * mE;
         const Real d = 0.5 * c2 * (squaredE * mConstants.mTrace2);
         Real f{};
@@ -481,15 +497,7 @@ struct ParityBlock
             QV_Unroll::each<a + 1>([&](auto b) __attribute__((always_inline)) {
                 constexpr int i = a * N + b;
                 Real numerator;
-                if constexpr (isOdd(a, b)) {
-                    const Real A = mE * mConstants.mP[i];
-                    numerator = N > 3 ? -(c * (2.0 - 2.0 * d)) * A : -2.0 * c * A;
-                } else if constexpr (N > 2) {
-                    numerator = 2.0 * c2 * (squaredE * mConstants.mProduct[i]);
-                    numerator = a == b ? numerator + unit : numerator;
-                } else {
-                    numerator = unit;
-                }
+                formNumerator<a, b>(squaredE, d, unit, numerator);
                 if constexpr (N > 2) {
                     mU[i] = numerator * divisor / norm;
                 } else {
