@@ -1,5 +1,6 @@
 #include "BenchProblem.h"
 #include "common/COM_Scoped.h"
+#include "QuietDirectory.h"
 #include "quorvex/QV_Field.h"
 #include "quorvex/QV_Maxwell.h"
 
@@ -70,8 +71,11 @@ void printRows(const char* name, unsigned long BenchProblem::*property,
             if (property == &BenchProblem::mNodes) {
                 problem.mSteps = usual.mNodes * usual.mSteps / value; // of the same work
             }
-            const bool isTreated = method != QV_Problem::SPLIT_METHOD || problem.mLevels <= 4;
-            std::printf(isTreated ? " %.1f |" : " |", isTreated ? cost(problem) : 0.0);
+            if (method == QV_Problem::SPLIT_METHOD && problem.mLevels > 4) {
+                std::printf(" |"); // the splitting treats no more
+            } else {
+                std::printf(" %.1f |", cost(problem));
+            }
             std::fflush(stdout);
         }
         std::printf("\n");

@@ -1,14 +1,12 @@
-#include "BenchDirectory.h"
 #include "common/COM_Scoped.h"
+#include "QuietDirectory.h"
 #include "quorvex/QV_1DMilieu.h"
 #include "quorvex/QV_1DProblem.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
-#include <filesystem>
 #include <fstream>
-#include <iostream>
 #include <string>
 
 // Memory of a run of a million nodes with two levels and one system, and the processor time that its parts take:
@@ -43,10 +41,7 @@ double seconds()
 int main(int argc, char** argv)
 {
     const double nodes = argc > 1 ? std::atof(argv[1]) : 1e6;
-    const BenchDirectory directory;
-    std::filesystem::current_path(directory.path());
-    std::cout.rdbuf(nullptr);
-
+    const QuietDirectory directory;
     const COM_Scoped problem(QV_1DProblem::New());
     auto& milieu = dynamic_cast<QV_1DMilieu&>(*problem->getMilieu());
     milieu.setLength((nodes + 0.5) * cell);
@@ -72,6 +67,5 @@ int main(int argc, char** argv)
     });
     problem->run();
     std::printf("nine steps more: %.2f s\n", seconds() - firstStep);
-    std::filesystem::current_path("/");
     return 0;
 }

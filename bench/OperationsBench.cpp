@@ -1,5 +1,6 @@
 #include "BenchProblem.h"
 #include "common/COM_Scoped.h"
+#include "QuietDirectory.h"
 #include "quorvex/QV_InstructionSet.h"
 #include "quorvex/QV_Pack.h"
 
@@ -22,7 +23,8 @@
 // The arithmetic of a time step: a child process solves a problem, and one step of it is gone through instruction by
 // instruction. Additions, subtractions, multiplications and divisions count once for each number that they work on.
 // Beside it what the core can do at its best: multiplications and additions of registers. QUORVEX_INSTRUCTIONS chooses
-// the variant. Lines "operations SCHEME LEVELS NUMBER", a node-step, and "peak NUMBER", a second.
+// the variant. Lines "operations SCHEME LEVELS NUMBER", a node-step, and "peak NUMBER", a second. It reads the
+// instructions of x86-64 alone.
 
 namespace {
 
@@ -31,6 +33,12 @@ constexpr unsigned long steps = 1500; // the wave has filled the mesh after 1250
 constexpr unsigned long counted = 1400;
 
 using Counts = std::map<unsigned long, unsigned long>; // by address
+
+[[noreturn]] void fail(const char* message)
+{
+    std::fprintf(stderr, "%s\n", message);
+    std::exit(1);
+}
 
 /// Solves, and stops before and after the step that is counted.
 [[noreturn]] void solve(const BenchProblem& properties)
@@ -46,18 +54,21 @@ using Counts = std::map<unsigned long, unsigned long>; // by address
         }
     });
     const COM_Scoped out(COM_Out::New());
-    ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+    if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) {
+        fail("a process cannot be traced here");
+    }
     problem->run(*out);
     std::exit(0);
 }
 
-/// True when the child has come to a stop by this signal.
-bool waitFor(pid_t child, int signal)
+/// The signal that the child has come to a stop by; 0 when it has ended.
+int nextStop(pid_t child)
 {
     int status = 0;
-    return waitpid(child, &status, 0) == child && WIFSTOPPED(status) && WSTOPSIG(status) == signal;
+    return waitpid(child, &status, 0) == child && WIFSTOPPED(status) ? WSTOPSIG(status) : 0;
 }
 
+/// How often the counted step comes by each instruction.
 Counts stepThrough(const BenchProblem& properties)
 {
     const pid_t child = fork();
@@ -65,13 +76,19 @@ Counts stepThrough(const BenchProblem& properties)
         solve(properties);
     }
     Counts counts;
-    bool isIn = waitFor(child, SIGSTOP);
-    while (isIn) {
+    if (nextStop(child) != SIGSTOP) {
+        fail("the run did not come to the step that is counted");
+    }
+    int stop = SIGTRAP;
+    while (stop == SIGTRAP) {
         user_regs_struct registers{};
         ptrace(PTRACE_GETREGS, child, nullptr, &registers);
         ++counts[registers.rip];
         ptrace(PTRACE_SINGLESTEP, child, nullptr, nullptr);
-        isIn = waitFor(child, SIGTRAP);
+        stop = nextStop(child);
+    }
+    if (stop != SIGSTOP) {
+        fail("the run did not come to the end of the step that is counted");
     }
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
@@ -124,17 +141,18 @@ std::map<unsigned long, unsigned long> arithmetic()
         }
     }
     if (listing == nullptr || pclose(listing) != 0 || widths.empty()) {
-        std::fputs("objdump cannot be run\n", stderr);
-        std::exit(1);
+        fail("objdump cannot be run");
     }
     return widths;
 }
 
+constexpr int chains = 12; // more than an instruction takes cycles, on two units
+
+/// `count` operations with each of `chains` registers.
 template <int W>
 [[gnu::always_inline]] inline double turns(long count)
 {
     using Real = typename QV_PackType<W>::Real;
-    constexpr int chains = 12; // more than an instruction takes cycles, on two units
     Real x[chains];
     for (int i = 0; i < chains; ++i) {
         x[i] = Real{} + (1.0 + i);
@@ -185,7 +203,7 @@ double peak()
         if (result == 0.0) {
             std::terminate();
         }
-        best = std::max(best, 12.0 * width * count / time.count());
+        best = std::max(best, chains * width * count / time.count());
     }
     return best;
 }

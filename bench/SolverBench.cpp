@@ -1,5 +1,6 @@
 #include "BenchProblem.h"
 #include "common/COM_Scoped.h"
+#include "QuietDirectory.h"
 #include "Reference.h"
 
 #include <benchmark/benchmark.h>

@@ -1,7 +1,7 @@
 #!/bin/sh
 # Prints the tables of docs/performance.md: bench/table.sh BUILD_DIRECTORY [PLAIN_RUNS]
-# BUILD_DIRECTORY holds the preset bench. The solver's rates are medians of three runs; those of the plain form, which takes
-# a quarter of an hour for all schemes, of PLAIN_RUNS, 1 if none is given.
+# BUILD_DIRECTORY holds the preset bench. The solver's rates are medians of three runs; those of the plain form,
+# which takes a quarter of an hour for all schemes, of PLAIN_RUNS, 1 if none is given.
 set -eu
 solver=$1/bench/quorvex_solver_bench
 operations=$1/bench/quorvex_operations_bench
@@ -16,8 +16,8 @@ echo "Machine: $(sed -n 's/^model name[^:]*: //p' /proc/cpuinfo | head -n 1), $(
 echo "Compiler: $(c++ --version | head -n 1)"
 echo "Date: $(date +%F)"
 echo
-# For each scheme and level count, millions of node-steps a second; operations of the AVX-512 variant in one of them, and
-# their share of what the core can do.
+# For each scheme and level count, millions of node-steps a second; operations of the AVX-512 variant in one of
+# them, and their share of what the core can do.
 echo "| scheme | levels | plain form | baseline | AVX2 | AVX-512 | AVX2 / plain | AVX-512 / plain | operations | of the peak |"
 echo "|---|---|---|---|---|---|---|---|---|---|"
 # rates VARIANT FILTER REPETITIONS: lines of variant, scheme, levels and node-steps a second
@@ -30,7 +30,7 @@ rates() {
         }'
 }
 {
-    QUORVEX_INSTRUCTIONS=avx512 "$operations"
+    if [ -x "$operations" ]; then QUORVEX_INSTRUCTIONS=avx512 "$operations"; fi
     rates form plain "$plainRuns"
     for variant in baseline avx2 avx512; do rates $variant solver 3; done
 } | awk '
@@ -56,11 +56,11 @@ rates() {
         for (i = 1; i <= count; ++i) {
             key = order[i]
             form = median("form", key); avx2 = median("avx2", key); avx512 = median("avx512", key)
-            printf "| %s | %.2f | %.1f | %.1f | %.1f | %.1f | %.1f | %.0f | %.0f %% |\n", key, form / 1e6,
-                median("baseline", key) / 1e6, avx2 / 1e6, avx512 / 1e6, avx2 / form, avx512 / form,
-                operations[key], 100 * avx512 * operations[key] / peak
+            share = peak > 0 ? sprintf("%.0f | %.0f %%", operations[key], 100 * avx512 * operations[key] / peak) : " | "
+            printf "| %s | %.2f | %.1f | %.1f | %.1f | %.1f | %.1f | %s |\n", key, form / 1e6,
+                median("baseline", key) / 1e6, avx2 / 1e6, avx512 / 1e6, avx2 / form, avx512 / form, share
         }
-        printf "\nThe peak: %.1f thousand million operations a second.\n", peak / 1e9
+        if (peak > 0) printf "\nThe peak: %.1f thousand million operations a second.\n", peak / 1e9
     }'
 echo
 "$growth"
