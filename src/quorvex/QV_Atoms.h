@@ -1,6 +1,7 @@
 #pragma once
 
-/// What the kernels need to know of one class of atoms, all of it dimensionless: plain arrays, borrowed. Matrices are n by n, row after row; complex values are pairs, real part first.
+/// What the kernels need to know of one class of atoms, all of it dimensionless: plain arrays, borrowed.
+/// Matrices are n by n, row after row; complex values are pairs, real part first.
 struct QV_Atoms
 {
     unsigned long mLevels;     ///< n.

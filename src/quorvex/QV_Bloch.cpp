@@ -740,6 +740,20 @@ void QV_Bloch::initCoherenceRelaxation()
 
 // ---------------------------------------------------------------- steps
 
+void QV_Bloch::beginRun()
+{
+    endRun();
+    mIsInRun = true;
+}
+
+void QV_Bloch::endRun()
+{
+    mIsInRun = false;
+    mTermsRange = {0, 0};
+    mIterationTables.reset();
+    mSplitTables.reset();
+}
+
 QV_Field* QV_Bloch::electricField(const char* message) const
 {
     const QV_Maxwell* const maxwell = mProblem != nullptr ? mProblem->getMaxwellSystem() : nullptr;
@@ -959,14 +973,12 @@ bool QV_Bloch::solveBlochRelaxExtraDiag(double t, double dt)
     if (range.mCount == 0) {
         return true;
     }
-    mIterMax = QV_RelaxKernel::advanceCoherences(
-        atoms(1, mPolarizations), dt, E->getValue(range.mFirst, 0),
-        packDensities() + 2 * levelsSquared() * range.mFirst, mWork);
+    const QV_Atoms present = atoms(1, mPolarizations);
+    double* const rho = packDensities() + 2 * levelsSquared() * range.mFirst;
+    mIterMax =
+        QV_RelaxKernel::advanceCoherences(present, dt, E->getValue(range.mFirst, 0), rho, mWork);
     if (mTermsRange.mCount > 0 && mTermsRange.mFirst == range.mFirst) {
-        mTerms[0] = 0.0;
-        QV_FieldKernel::addPolarization(QV_InstructionSet::best(), atoms(1, mPolarizations), 1.0, 1,
-                                        packDensities() + 2 * levelsSquared() * range.mFirst,
-                                        mTerms.data());
+        QV_FieldKernel::polarization(QV_InstructionSet::best(), present, 1, rho, mTerms.data());
     }
     mIterations.assign(1, mIterMax);
     report(range.mFirst, t, dt, "i:", false);
@@ -1193,20 +1205,6 @@ void QV_Bloch::computePolarizationTermAtIndex(unsigned long index, const double*
     } else {
         std::fill_n(term.getValues(), term.getDimension(), 0.0);
     }
-}
-
-void QV_Bloch::beginRun()
-{
-    endRun();
-    mIsInRun = true;
-}
-
-void QV_Bloch::endRun()
-{
-    mIsInRun = false;
-    mTermsRange = {0, 0};
-    mIterationTables.reset();
-    mSplitTables.reset();
 }
 
 void QV_Bloch::addPolarizationTerms(long first, long last, unsigned long components, double factor,

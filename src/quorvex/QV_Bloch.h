@@ -56,6 +56,11 @@ public:
     /// Stores a copy of `density`, forced to n by n, for a node; the array grows as needed.
     virtual void setDensity(const LA_ComplexMatrix& density, unsigned long index);
 
+    /// From here to `endRun` the steps alone change densities and scaled data, so that what one step knows serves the
+    /// next: the tables of the scheme, and the source that the densities leave.
+    void beginRun();
+    void endRun();
+
     /// The time step t / dt, of length `dt`, at every node of the medium: see the methods of
     /// `QV_Problem`. A field of several components ends the process with status 0, after a line that says
     /// so. Nodes that reach the limit of iterations are reported on standard output. True always.
@@ -92,11 +97,6 @@ public:
     /// The same with the density of node `index`; 0 beyond the last node.
     void computePolarizationTermAtIndex(unsigned long index, const double* E,
                                         LA_RealVector& term) const;
-    /// From here to `endRun` the steps alone change densities and scaled data, so that what one step knows serves the
-    /// next: the tables of the scheme, and the source that the densities leave.
-    void beginRun();
-    void endRun();
-
     /// Adds `factor` times the source at nodes `first` to `last` to `terms`, which holds `components`
     /// values for each of them; nodes without density add nothing.
     void addPolarizationTerms(long first, long last, unsigned long components, double factor,

@@ -4,6 +4,8 @@
 #include "quorvex/QV_Pack.h"
 #include "quorvex/QV_PackComplex.h"
 
+#include <algorithm>
+
 #pragma GCC diagnostic ignored "-Wpsabi" // no pack crosses a call that is not inlined
 
 namespace {
@@ -347,4 +349,11 @@ void QV_FieldKernel::addPolarization(QV_InstructionSet::Level level, const QV_At
 {
     dispatch(level,
              {Task::POLARIZATION, {}, 0, count, 0.0, 0.0, nullptr, &atoms, factor, rho, terms});
+}
+
+void QV_FieldKernel::polarization(QV_InstructionSet::Level level, const QV_Atoms& atoms,
+                                  unsigned long count, const double* rho, double* terms)
+{
+    std::fill_n(terms, atoms.mComponents * count, 0.0);
+    addPolarization(level, atoms, 1.0, count, rho, terms);
 }

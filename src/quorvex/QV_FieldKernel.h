@@ -39,4 +39,7 @@ public:
     static void addPolarization(QV_InstructionSet::Level level, const QV_Atoms& atoms,
                                 double factor, unsigned long count, const double* rho,
                                 double* terms);
+    /// The terms themselves: those of `addPolarization` with factor 1, added to 0.
+    static void polarization(QV_InstructionSet::Level level, const QV_Atoms& atoms,
+                             unsigned long count, const double* rho, double* terms);
 };

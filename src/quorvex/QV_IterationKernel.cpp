@@ -689,13 +689,11 @@ QV_INLINE bool isEntered(const QV_Atoms& atoms, double norm0)
 [[gnu::noinline]] void writeTerms(const Call& call, const Nodes& nodes, unsigned long first,
                                   unsigned long last)
 {
-    if (nodes.mTerms == nullptr) {
-        return;
-    }
     const unsigned long size = call.mAtoms->mLevels * call.mAtoms->mLevels;
-    std::fill(nodes.mTerms + first, nodes.mTerms + last, 0.0);
-    QV_FieldKernel::addPolarization(call.mLevel, *call.mAtoms, 1.0, last - first,
-                                    nodes.mRho + 2 * size * first, nodes.mTerms + first);
+    if (nodes.mTerms != nullptr) {
+        QV_FieldKernel::polarization(call.mLevel, *call.mAtoms, last - first,
+                                     nodes.mRho + 2 * size * first, nodes.mTerms + first);
+    }
 }
 
 /// Iterates at W nodes from `first` on. False, with nothing changed, when a node would keep a later one of them from

@@ -33,35 +33,32 @@ public:
         unsigned long mCount = 0;
         double* mRho = nullptr; ///< Densities, advanced in place.
         double* mE = nullptr;   ///< Field at the nodes; advanced by P, ZIOLKO and PRED_CORR.
-        const double* mAux =
-            nullptr; ///< The second member of Ampere's equation for those three schemes,
-                     ///< the field before the step for RELAX_DIAG; else not read.
+        /// The second member of Ampere's equation for those three schemes, the field before the step for
+        /// RELAX_DIAG; else not read.
+        const double* mAux = nullptr;
         unsigned long* mIterations = nullptr; ///< Gets the number of iterations of each node.
-        double* mTerms = nullptr; ///< Unless null, gets the polarization term of each node, as
-            ///< QV_FieldKernel::addPolarization adds it to 0, from the schemes
-            ///< that leave it.
+        /// Unless null, gets what QV_FieldKernel::polarization gives, from the schemes that leave it.
+        double* mTerms = nullptr;
     };
 
     /// What a scheme needs to know of the atoms for steps of `dt`: made once for all steps of a run. Borrows
     /// the arrays of `atoms`.
-    class Tables
+    struct Tables
     {
-    public:
         Tables(Scheme scheme, const QV_Atoms& atoms, double dt);
 
         Scheme mScheme;
         QV_Atoms mAtoms;
         double mDt;
-        std::vector<double> mHalfD; ///< (dt / 2) D
-        std::vector<double> mHalfW; ///< (dt / 2) W
-        std::vector<double>
-            mHalfNu;              ///< (dt / 2) times decay and rotation of the coherences, complex
-        std::vector<double> mPNu; ///< P[b][k] Nu[k][b], complex
-        bool mIsSymmetric;        ///< Hermitian densities stay so, and populations real.
-        unsigned long
-            mTransitions; ///< Bit a n + c, of at most four levels: the dipole couples a and c.
-        unsigned long mLongitudinal; ///< Bit a n + c: W[a][c] is not zero.
-        unsigned long mOperator;     ///< Bit a n + c: D[a][c] is not zero.
+        std::vector<double> mHalfD;  ///< (dt / 2) D
+        std::vector<double> mHalfW;  ///< (dt / 2) W
+        std::vector<double> mHalfNu; ///< (dt / 2) times decay and rotation of coherences, complex
+        std::vector<double> mPNu;    ///< P[b][k] Nu[k][b], complex
+        bool mIsSymmetric;           ///< Hermitian densities stay so, and populations real.
+        // Of at most four levels, bit a n + c:
+        unsigned long mTransitions;  ///< The dipole couples a and c.
+        unsigned long mLongitudinal; ///< W[a][c] is not zero.
+        unsigned long mOperator;     ///< D[a][c] is not zero.
     };
 
     /// Advances all nodes and returns the largest number of iterations. `dz2` is the square of the cell

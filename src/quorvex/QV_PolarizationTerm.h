@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <cmath>
 
-/// The polarization term of N levels as the node loops know it, while the densities they have advanced are still in
-/// registers: that of `QV_FieldKernel::addPolarization`, from the lower triangle of Hermitian densities.
+/// What atoms of N levels put into Ampere's equation, worked out in the node loops while the densities that they have
+/// just advanced are still in registers: `QV_FieldKernel::polarization` from the lower triangle of Hermitian densities.
 ///
 /// It gives the same bits as the whole matrix. With a dipole that couples no level to itself, populations enter in
 /// products with zero, on top of sums that began with +0, which a zero of either sign does not change as long as the

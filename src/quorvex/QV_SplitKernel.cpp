@@ -273,9 +273,8 @@ struct Block
 void writeTerms(const Call& call)
 {
     if (call.mTerms != nullptr) {
-        std::fill_n(call.mTerms, call.mAtoms->mComponents * call.mCount, 0.0);
-        QV_FieldKernel::addPolarization(call.mLevel, *call.mAtoms, 1.0, call.mCount, call.mRho,
-                                        call.mTerms);
+        QV_FieldKernel::polarization(call.mLevel, *call.mAtoms, call.mCount, call.mRho,
+                                     call.mTerms);
     }
 }
 

@@ -404,6 +404,24 @@ protected:
             }
         }
     }
+
+    /// The terms themselves in place of what was there, and nothing beside them.
+    static void compareAlone(unsigned long components, unsigned long count)
+    {
+        const Atoms atoms(GetParam(), components, count, 1);
+        const double none = std::numeric_limits<double>::quiet_NaN();
+        Values expected(count * components + 1, none);
+        std::fill_n(expected.begin(), count * components, 0.0);
+        QV_FieldKernel::addPolarization(QV_InstructionSet::PLAIN, atoms.mAtoms, 1.0, count,
+                                        atoms.rho(), expected.data());
+        for (const Level level : levels()) {
+            Values terms(count * components + 1, none);
+            QV_FieldKernel::polarization(level, atoms.mAtoms, count, atoms.rho(), terms.data());
+            EXPECT_TRUE(isSame(terms, expected))
+                << QV_InstructionSet::getName(level) << ", " << components << " components, "
+                << count << " nodes";
+        }
+    }
 };
 
 } // namespace
@@ -413,6 +431,15 @@ TEST_P(QV_FieldKernelPolarizationTest, IsItsDefinitionToTheLastBit)
     for (unsigned long components = 1; components <= 3; ++components) {
         for (const unsigned long count : sizes()) {
             compare(components, count);
+        }
+    }
+}
+
+TEST_P(QV_FieldKernelPolarizationTest, TheTermsAloneBeginWithZero)
+{
+    for (unsigned long components = 1; components <= 3; ++components) {
+        for (const unsigned long count : sizes()) {
+            compareAlone(components, count);
         }
     }
 }

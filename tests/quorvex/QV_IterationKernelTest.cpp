@@ -194,9 +194,9 @@ std::vector<double> termsOf(Scheme scheme, const Matter& matter, const Mesh& mes
     if (!QV_IterationKernel::leavesTerms(scheme)) {
         return std::vector<double>(mesh.count, 77.0);
     }
-    std::vector<double> terms(mesh.count, 0.0);
-    QV_FieldKernel::addPolarization(QV_InstructionSet::PLAIN, matter.atoms(), 1.0, mesh.count,
-                                    reinterpret_cast<const double*>(mesh.rho.data()), terms.data());
+    std::vector<double> terms(mesh.count);
+    QV_FieldKernel::polarization(QV_InstructionSet::PLAIN, matter.atoms(), mesh.count,
+                                 reinterpret_cast<const double*>(mesh.rho.data()), terms.data());
     return terms;
 }
 

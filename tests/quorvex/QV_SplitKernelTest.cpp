@@ -755,10 +755,9 @@ TEST(QV_SplitKernel, TheTermsAreThePolarizationOfTheNewDensities)
                 matter.makeTwoParities(2);
                 const Mesh found = advanced(level, matter, Mesh::random(matter, 21, 50, true));
                 Mesh expected = found;
-                expected.terms.assign(21 * m, 0.0);
-                QV_FieldKernel::addPolarization(QV_InstructionSet::PLAIN, matter.atoms(), 1.0, 21,
-                                                reinterpret_cast<const double*>(found.rho.data()),
-                                                expected.terms.data());
+                QV_FieldKernel::polarization(QV_InstructionSet::PLAIN, matter.atoms(), 21,
+                                             reinterpret_cast<const double*>(found.rho.data()),
+                                             expected.terms.data());
                 EXPECT_TRUE(isSame(found, expected)) << QV_InstructionSet::getName(level);
                 EXPECT_EQ(found.terms[0] != 0.0, n < 5); // densities of five levels are lost
             }
