@@ -1218,10 +1218,8 @@ void QV_Bloch::addPolarizationTerms(long first, long last, unsigned long compone
     const auto count = static_cast<unsigned long>(last - first + 1);
     if (mTermsComponents == components && from >= mTermsRange.mFirst
         && from + count <= mTermsRange.mFirst + mTermsRange.mCount) {
-        const double* const known = mTerms.data() + (from - mTermsRange.mFirst) * components;
-        for (unsigned long i = 0; i < count * components; ++i) {
-            terms[i] += factor * known[i];
-        }
+        QV_FieldKernel::addTerms(QV_InstructionSet::best(), factor, count * components,
+                                 mTerms.data() + (from - mTermsRange.mFirst) * components, terms);
         return;
     }
     QV_FieldKernel::addPolarization(QV_InstructionSet::best(), atoms(components, mPolarizations),

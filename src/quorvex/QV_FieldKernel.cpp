@@ -90,6 +90,14 @@ QV_INLINE void curlBody(const Fields& fields, unsigned long first, unsigned long
     }
 }
 
+QV_INLINE void sumBody(double factor, unsigned long count, const double* __restrict known,
+                       double* __restrict terms)
+{
+    for (unsigned long i = 0; i < count; ++i) {
+        terms[i] += factor * known[i];
+    }
+}
+
 /// One node beside a line that does not exist, or beside none.
 double curlAtEdge(const Fields& fields, unsigned long node, double r)
 {
@@ -208,7 +216,7 @@ QV_INLINE void polarizationLevels(const QV_Atoms& atoms, double factor, unsigned
 }
 
 // What the wrappers do, so that there is one for each instruction set and not one for each operation.
-enum class Task { FARADAY, AMPERE, CURL, POLARIZATION };
+enum class Task { FARADAY, AMPERE, CURL, POLARIZATION, SUM };
 
 struct Call
 {
@@ -240,6 +248,9 @@ QV_INLINE void perform(const Call& call)
         break;
     case Task::POLARIZATION:
         polarizationLevels<W>(*call.mAtoms, call.mFactor, call.mLast, call.mRho, call.mTerms);
+        break;
+    case Task::SUM:
+        sumBody(call.mFactor, call.mLast, call.mSource, call.mTerms);
         break;
     }
 }
@@ -356,4 +367,10 @@ void QV_FieldKernel::polarization(QV_InstructionSet::Level level, const QV_Atoms
 {
     std::fill_n(terms, atoms.mComponents * count, 0.0);
     addPolarization(level, atoms, 1.0, count, rho, terms);
+}
+
+void QV_FieldKernel::addTerms(QV_InstructionSet::Level level, double factor, unsigned long count,
+                              const double* known, double* terms)
+{
+    dispatch(level, {Task::SUM, {}, 0, count, 0.0, 0.0, known, nullptr, factor, nullptr, terms});
 }

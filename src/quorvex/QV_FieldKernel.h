@@ -42,4 +42,8 @@ public:
     /// The terms themselves: those of `addPolarization` with factor 1, added to 0.
     static void polarization(QV_InstructionSet::Level level, const QV_Atoms& atoms,
                              unsigned long count, const double* rho, double* terms);
+    /// terms[i] += factor known[i] for `count` values: what `addPolarization` does, with terms that
+    /// `polarization` gave. They do not overlap.
+    static void addTerms(QV_InstructionSet::Level level, double factor, unsigned long count,
+                         const double* known, double* terms);
 };

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <complex>
 #include <cstring>
@@ -422,6 +423,25 @@ protected:
                 << count << " nodes";
         }
     }
+
+    /// Known terms add what the densities that they came from do, and nothing beside them.
+    static void compareKnown(unsigned long components, unsigned long count)
+    {
+        const Atoms atoms(GetParam(), components, count, 1);
+        const double factor = 0.375;
+        Values expected = atoms.mTerms;
+        QV_FieldKernel::addPolarization(QV_InstructionSet::PLAIN, atoms.mAtoms, factor, count,
+                                        atoms.rho(), expected.data());
+        Values known(count * components);
+        for (const Level level : levels()) {
+            QV_FieldKernel::polarization(level, atoms.mAtoms, count, atoms.rho(), known.data());
+            Values terms = atoms.mTerms;
+            QV_FieldKernel::addTerms(level, factor, known.size(), known.data(), terms.data());
+            EXPECT_TRUE(isSame(terms, expected))
+                << QV_InstructionSet::getName(level) << ", " << components << " components, "
+                << count << " nodes";
+        }
+    }
 };
 
 } // namespace
@@ -440,6 +460,15 @@ TEST_P(QV_FieldKernelPolarizationTest, TheTermsAloneBeginWithZero)
     for (unsigned long components = 1; components <= 3; ++components) {
         for (const unsigned long count : sizes()) {
             compareAlone(components, count);
+        }
+    }
+}
+
+TEST_P(QV_FieldKernelPolarizationTest, KnownTermsAddTheSame)
+{
+    for (unsigned long components = 1; components <= 3; ++components) {
+        for (const unsigned long count : sizes()) {
+            compareKnown(components, count);
         }
     }
 }
