@@ -120,41 +120,39 @@ void ampereAtEdge(const Fields& fields, unsigned long node, double r, double dt,
     }
 }
 
-template <int W, int N>
-QV_INLINE void polarizationAt(const QV_Atoms& atoms, double factor, const double* rho,
-                              double* terms, double* work)
+/// X[a][b] of the polarization term, of n levels.
+template <typename Real>
+QV_INLINE Real sourceElement(const QV_Atoms& atoms, unsigned long n,
+                             const QV_PackComplex<Real>* density, unsigned long a, unsigned long b)
+{
+    const unsigned long i = a * n + b;
+    if (a != b) {
+        return -(atoms.mNu[2 * i] * density[i].mRe - atoms.mNu[2 * i + 1] * density[i].mIm);
+    }
+    // The row of the density, not its diagonal, so that coherences take part as well.
+    Real sum{};
+    for (unsigned long k = 0; k < n; ++k) {
+        sum += density[a * n + k].mRe * atoms.mD[a * n + k];
+    }
+    return sum;
+}
+
+/// Adds the terms of W nodes with n levels.
+template <int W>
+QV_INLINE void polarizationAt(const QV_Atoms& atoms, unsigned long n, double factor,
+                              const QV_PackComplex<typename QV_Pack<W>::Real>* density,
+                              double* terms)
 {
     using Pack = QV_Pack<W>;
     using Real = typename Pack::Real;
-    using Complex = QV_PackComplex<Real>;
-    const unsigned long n = N > 0 ? N : atoms.mLevels;
     const unsigned long m = atoms.mComponents;
-    Complex local[N > 0 ? N * N : 1];
-    Real localX[N > 0 ? N * N : 1];
-    Complex* const density = N > 0 ? local : reinterpret_cast<Complex*>(work);
-    Real* const X = N > 0 ? localX : reinterpret_cast<Real*>(work + 2 * n * n);
-    Pack::load(rho, 2 * n * n, 2 * n * n, &density->mRe);
-    for (unsigned long a = 0; a < n; ++a) {
-        for (unsigned long b = 0; b < n; ++b) {
-            const unsigned long i = a * n + b;
-            if (a != b) {
-                X[i] = -(atoms.mNu[2 * i] * density[i].mRe - atoms.mNu[2 * i + 1] * density[i].mIm);
-                continue;
-            }
-            // The row of the density, not its diagonal, so that coherences take part as well.
-            X[i] = Real{};
-            for (unsigned long k = 0; k < n; ++k) {
-                X[i] += density[a * n + k].mRe * atoms.mD[a * n + k];
-            }
-        }
-    }
     for (unsigned long p = 0; p < m; ++p) {
         const double* const P = atoms.mPs + p * n * n;
         Real sum{};
         for (unsigned long b = 0; b < n; ++b) {
             Real column{};
             for (unsigned long k = 0; k < n; ++k) {
-                column += X[k * n + b] * P[b * n + k];
+                column += sourceElement(atoms, n, density, k, b) * P[b * n + k];
             }
             sum += column;
         }
@@ -170,16 +168,10 @@ QV_INLINE void polarizationAt(const QV_Atoms& atoms, double factor, const double
                                             unsigned long first, unsigned long count,
                                             const double* rho, double* terms)
 {
-    const unsigned long size = atoms.mLevels * atoms.mLevels;
-    constexpr unsigned long usual = 16;
-    double local[3 * usual];
-    double* const work = size <= usual ? local : new double[3 * size];
+    const unsigned long n = atoms.mLevels;
+    const auto* const densities = reinterpret_cast<const QV_PackComplex<double>*>(rho);
     for (unsigned long i = first; i < count; ++i) {
-        polarizationAt<1, 0>(atoms, factor, rho + 2 * size * i, terms + atoms.mComponents * i,
-                             work);
-    }
-    if (work != local) {
-        delete[] work;
+        polarizationAt<1>(atoms, n, factor, densities + n * n * i, terms + atoms.mComponents * i);
     }
 }
 
@@ -189,8 +181,9 @@ QV_INLINE void polarizationNodes(const QV_Atoms& atoms, double factor, unsigned 
 {
     unsigned long i = 0;
     for (; i + W <= count; i += W) {
-        polarizationAt<W, N>(atoms, factor, rho + 2UL * N * N * i, terms + atoms.mComponents * i,
-                             nullptr);
+        QV_PackComplex<typename QV_Pack<W>::Real> density[N * N] = {};
+        QV_Pack<W>::load(rho + 2UL * N * N * i, 2UL * N * N, 2UL * N * N, &density[0].mRe);
+        polarizationAt<W>(atoms, N, factor, density, terms + atoms.mComponents * i);
     }
     polarizationOneByOne(atoms, factor, i, count, rho, terms);
 }
