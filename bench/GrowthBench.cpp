@@ -99,5 +99,7 @@ int main()
     printRows("systems", &BenchProblem::mSystems, {1, 2, 4, 8, 16}, usual);
     usual.mMethod = QV_Problem::CN_P_METHOD;
     printRows("captors", &BenchProblem::mCaptors, {1, 3, 10, 30, 100, 300}, usual);
+    usual.mLevels = 4;
+    printRows("captors, four levels", &BenchProblem::mCaptors, {1, 20}, usual);
     return 0;
 }
