@@ -100,6 +100,6 @@ int main()
     usual.mMethod = QV_Problem::CN_P_METHOD;
     printRows("captors", &BenchProblem::mCaptors, {1, 3, 10, 30, 100, 300}, usual);
     usual.mLevels = 4;
-    printRows("captors, four levels", &BenchProblem::mCaptors, {1, 20}, usual);
+    printRows("captors at four levels", &BenchProblem::mCaptors, {1, 20}, usual);
     return 0;
 }
