@@ -47,7 +47,8 @@ void QVG_DataWindow::showDerivedData(GUI_ParentWindow* detail)
     auto* const child = dynamic_cast<GUI_ChildWindow*>(detail);
     auto* const window =
         child != nullptr ? dynamic_cast<QVG_DataWindow*>(child->getParent()) : nullptr;
-    if (const QV_Problem* const problem = QVG_MainWindow::findProblem(window)) {
+    const QV_Problem* const problem = QVG_MainWindow::findProblem(window);
+    if (window != nullptr && problem != nullptr) {
         window->showDerivedData(*problem);
     }
 }
