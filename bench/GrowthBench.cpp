@@ -1,5 +1,6 @@
 #include "BenchProblem.h"
 #include "common/COM_Scoped.h"
+#include "ProcessorTime.h"
 #include "QuietDirectory.h"
 #include "quorvex/QV_Field.h"
 #include "quorvex/QV_Maxwell.h"
@@ -8,7 +9,6 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <vector>
 
 // How the cost of a node-step grows with the problem, for a scheme that iterates and for the splitting: processor time
@@ -16,12 +16,6 @@
 // start.
 
 namespace {
-
-/// Processor time, so that other programs show less.
-double seconds()
-{
-    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
-}
 
 /// Whether the run has stayed finite: numbers that are none are quickly worked out.
 bool isFinite(const QV_1DProblem& problem)
@@ -42,7 +36,7 @@ double cost(const BenchProblem& properties)
         double first = 0.0;
         double last = 0.0;
         problem->setWatcher([&first, &last] {
-            last = seconds();
+            last = processorTime();
             first = first == 0.0 ? last : first;
         });
         const COM_Scoped out(COM_Out::New());

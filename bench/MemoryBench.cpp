@@ -1,11 +1,12 @@
+#include "BenchProblem.h"
 #include "common/COM_Scoped.h"
+#include "ProcessorTime.h"
 #include "QuietDirectory.h"
 #include "quorvex/QV_1DMilieu.h"
 #include "quorvex/QV_1DProblem.h"
 
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <fstream>
 #include <string>
 
@@ -13,8 +14,6 @@
 //   quorvex_memory_bench [NODES]
 
 namespace {
-
-constexpr double cell = 1.5e-6 / 20.0; // m
 
 /// A value of the process's status, in kB: resident memory now ("VmRSS:") or at its largest ("VmHWM:").
 double statusValue(const std::string& key)
@@ -30,34 +29,30 @@ double statusValue(const std::string& key)
     return 0.0;
 }
 
-/// Processor time, so that other programs do not show.
-double seconds()
-{
-    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
-}
-
 } // namespace
 
 int main(int argc, char** argv)
 {
-    const double nodes = argc > 1 ? std::atof(argv[1]) : 1e6;
+    BenchProblem size;
+    size.mNodes = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 1000000;
+    const auto nodes = static_cast<double>(size.mNodes);
     const QuietDirectory directory;
     const COM_Scoped problem(QV_1DProblem::New());
     auto& milieu = dynamic_cast<QV_1DMilieu&>(*problem->getMilieu());
-    milieu.setLength((nodes + 0.5) * cell);
+    milieu.setLength(size.length());
     const double before = statusValue("VmRSS:");
-    double begin = seconds();
+    double begin = processorTime();
     milieu.create();
-    std::printf("mesh of %.0f nodes: %.2f s, %.0f bytes a node\n", nodes, seconds() - begin,
+    std::printf("mesh of %.0f nodes: %.2f s, %.0f bytes a node\n", nodes, processorTime() - begin,
                 (statusValue("VmRSS:") - before) * 1024.0 / nodes);
 
     problem->setMaxTimeStepsNumber(10);
     problem->setSavingPath(directory.slashed());
     double firstStep = 0.0;
-    begin = seconds();
+    begin = processorTime();
     problem->setWatcher([&] {
         if (firstStep == 0.0) {
-            firstStep = seconds();
+            firstStep = processorTime();
             std::printf(
                 "to the end of the first step: %.2f s, peak %.0f bytes a node (the record's own)\n",
                 firstStep - begin, (statusValue("VmHWM:") - before) * 1024.0 / nodes);
@@ -66,6 +61,6 @@ int main(int argc, char** argv)
         }
     });
     problem->run();
-    std::printf("nine steps more: %.2f s\n", seconds() - firstStep);
+    std::printf("nine steps more: %.2f s\n", processorTime() - firstStep);
     return 0;
 }

@@ -11,9 +11,9 @@
 #include <cstdlib>
 #include <exception>
 #include <fstream>
-#include <iostream>
 #include <map>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 #include <sys/ptrace.h>
 #include <sys/user.h>
@@ -34,18 +34,11 @@ constexpr unsigned long counted = 1400;
 
 using Counts = std::map<unsigned long, unsigned long>; // by address
 
-[[noreturn]] void fail(const char* message)
+/// Solves, traced by the parent, and stops before and after the step that is counted.
+[[noreturn]] void solve(const BenchProblem& properties, const std::string& path)
 {
-    std::fprintf(stderr, "%s\n", message);
-    std::exit(1);
-}
-
-/// Solves, and stops before and after the step that is counted.
-[[noreturn]] void solve(const BenchProblem& properties)
-{
-    const QuietDirectory directory;
     const COM_Scoped problem(properties.create());
-    problem->setSavingPath(directory.slashed());
+    problem->setSavingPath(path);
     unsigned long step = 0;
     problem->setWatcher([&step] {
         ++step;
@@ -54,11 +47,10 @@ using Counts = std::map<unsigned long, unsigned long>; // by address
         }
     });
     const COM_Scoped out(COM_Out::New());
-    if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) {
-        fail("a process cannot be traced here");
+    if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0) {
+        problem->run(*out);
     }
-    problem->run(*out);
-    std::exit(0);
+    std::_Exit(0);
 }
 
 /// The signal that the child has come to a stop by; 0 when it has ended.
@@ -71,13 +63,14 @@ int nextStop(pid_t child)
 /// How often the counted step comes by each instruction.
 Counts stepThrough(const BenchProblem& properties)
 {
+    const QuietDirectory directory; // the parent's, since the child ends by a signal
     const pid_t child = fork();
     if (child == 0) {
-        solve(properties);
+        solve(properties, directory.slashed());
     }
     Counts counts;
     if (nextStop(child) != SIGSTOP) {
-        fail("the run did not come to the step that is counted");
+        throw std::runtime_error("the run could not be traced to the step that is counted");
     }
     int stop = SIGTRAP;
     while (stop == SIGTRAP) {
@@ -88,7 +81,7 @@ Counts stepThrough(const BenchProblem& properties)
         stop = nextStop(child);
     }
     if (stop != SIGSTOP) {
-        fail("the run did not come to the end of the step that is counted");
+        throw std::runtime_error("the run did not come to the end of the step that is counted");
     }
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
@@ -141,7 +134,7 @@ std::map<unsigned long, unsigned long> arithmetic()
         }
     }
     if (listing == nullptr || pclose(listing) != 0 || widths.empty()) {
-        fail("objdump cannot be run");
+        throw std::runtime_error("objdump cannot be run");
     }
     return widths;
 }
@@ -188,33 +181,34 @@ double turnsBaseline(long count)
 double peak()
 {
     const QV_InstructionSet::Level level = QV_InstructionSet::best();
-    const auto run = level == QV_InstructionSet::AVX512 ? turnsAvx512
-                     : level == QV_InstructionSet::AVX2 ? turnsAvx2
-                                                        : turnsBaseline;
-    const double width = level == QV_InstructionSet::AVX512 ? 8.0
-                         : level == QV_InstructionSet::AVX2 ? 4.0
-                                                            : 2.0;
+    struct Loop
+    {
+        double (*mRun)(long count);
+        double mWidth;
+    };
+    const Loop loop = level == QV_InstructionSet::AVX512 ? Loop{turnsAvx512, 8.0}
+                      : level == QV_InstructionSet::AVX2 ? Loop{turnsAvx2, 4.0}
+                                                         : Loop{turnsBaseline, 2.0};
     constexpr long count = 1000000;
     double best = 0.0;
     for (int i = 0; i < 300; ++i) {
         const auto begin = std::chrono::steady_clock::now();
-        const double result = run(count);
+        const double result = loop.mRun(count);
         const std::chrono::duration<double> time = std::chrono::steady_clock::now() - begin;
         if (result == 0.0) {
-            std::terminate();
+            throw std::runtime_error("the loop of the peak was not run");
         }
-        best = std::max(best, chains * width * count / time.count());
+        best = std::max(best, chains * loop.mWidth * count / time.count());
     }
     return best;
 }
 
-} // namespace
-
-int main()
+void printAll()
 {
     std::printf("peak %.4g\n", peak());
     std::fflush(stdout);
     const auto widths = arithmetic();
+    const unsigned long start = loadAddress();
     for (const unsigned long levels : {2UL, 3UL, 4UL}) {
         for (unsigned char method = 0; method < QV_Problem::mMethodsNameLength; ++method) {
             BenchProblem problem;
@@ -222,16 +216,27 @@ int main()
             problem.mLevels = levels;
             problem.mNodes = nodes;
             problem.mSteps = steps;
-            std::cout.flush();
             unsigned long operations = 0;
             for (const auto& [address, times] : stepThrough(problem)) {
-                const auto entry = widths.find(address - loadAddress());
+                const auto entry = widths.find(address - start);
                 operations += entry != widths.end() ? times * entry->second : 0;
             }
             std::printf("operations %s %lu %.1f\n", QV_Problem::mMethodsName[method], levels,
                         static_cast<double>(operations) / nodes);
             std::fflush(stdout);
         }
+    }
+}
+
+} // namespace
+
+int main()
+{
+    try {
+        printAll();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 1;
     }
     return 0;
 }
