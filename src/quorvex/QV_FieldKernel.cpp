@@ -211,19 +211,21 @@ QV_INLINE void polarizationLevels(const QV_Atoms& atoms, double factor, unsigned
 // What the wrappers do, so that there is one for each instruction set and not one for each operation.
 enum class Task { FARADAY, AMPERE, CURL, POLARIZATION, SUM };
 
+/// The arguments of the tasks; each reads its own.
 struct Call
 {
     Task mTask;
-    Fields mFields;
-    unsigned long mFirst;
-    unsigned long mLast;
-    double mR;
-    double mDt;
-    const double* mSource;
-    const QV_Atoms* mAtoms;
-    double mFactor;
-    const double* mRho;
-    double* mTerms;
+    Fields mFields = {};
+    unsigned long mFirst = 0;
+    unsigned long mLast = 0;
+    unsigned long mCount = 0;
+    double mR = 0.0;
+    double mDt = 0.0;
+    double mFactor = 0.0;
+    const QV_Atoms* mAtoms = nullptr;
+    const double* mRho = nullptr;
+    const double* mSource = nullptr;
+    double* mTerms = nullptr;
 };
 
 template <int W>
@@ -237,13 +239,13 @@ QV_INLINE void perform(const Call& call)
         ampereBody(call.mFields, call.mFirst, call.mLast, call.mR, call.mDt, call.mSource);
         break;
     case Task::CURL:
-        curlBody(call.mFields, call.mFirst, call.mLast, call.mR, call.mTerms);
+        curlBody(call.mFields, call.mFirst, call.mCount, call.mR, call.mTerms);
         break;
     case Task::POLARIZATION:
-        polarizationLevels<W>(*call.mAtoms, call.mFactor, call.mLast, call.mRho, call.mTerms);
+        polarizationLevels<W>(*call.mAtoms, call.mFactor, call.mCount, call.mRho, call.mTerms);
         break;
     case Task::SUM:
-        sumBody(call.mFactor, call.mLast, call.mSource, call.mTerms);
+        sumBody(call.mFactor, call.mCount, call.mSource, call.mTerms);
         break;
     }
 }
@@ -270,7 +272,8 @@ void dispatch(QV_InstructionSet::Level level, const Call& call)
     switch (level) {
     case QV_InstructionSet::PLAIN:
         if (call.mTask == Task::POLARIZATION) {
-            polarizationOneByOne(*call.mAtoms, call.mFactor, 0, call.mLast, call.mRho, call.mTerms);
+            polarizationOneByOne(*call.mAtoms, call.mFactor, 0, call.mCount, call.mRho,
+                                 call.mTerms);
         } else {
             performBaseline(call);
         }
@@ -293,16 +296,18 @@ void dispatch(QV_InstructionSet::Level level, const Call& call)
 
 void QV_FieldKernel::faraday(QV_InstructionSet::Level level, const Fields& fields, double r)
 {
-    dispatch(level, {Task::FARADAY, fields, 0, 0, r, 0.0, nullptr, nullptr, 0.0, nullptr, nullptr});
+    dispatch(level, {.mTask = Task::FARADAY, .mFields = fields, .mR = r});
 }
 
 void QV_FieldKernel::ampere(QV_InstructionSet::Level level, const Fields& fields, long first,
                             long last, double r)
 {
     if (first <= last) {
-        dispatch(level, {Task::AMPERE, fields, static_cast<unsigned long>(first),
-                         static_cast<unsigned long>(last), r, 0.0, nullptr, nullptr, 0.0, nullptr,
-                         nullptr});
+        dispatch(level, {.mTask = Task::AMPERE,
+                         .mFields = fields,
+                         .mFirst = static_cast<unsigned long>(first),
+                         .mLast = static_cast<unsigned long>(last),
+                         .mR = r});
     }
 }
 
@@ -325,8 +330,13 @@ void QV_FieldKernel::ampereWithSource(QV_InstructionSet::Level level, const Fiel
         --to;
     }
     if (from <= to) {
-        dispatch(level,
-                 {Task::AMPERE, fields, from, to, r, dt, terms, nullptr, 0.0, nullptr, nullptr});
+        dispatch(level, {.mTask = Task::AMPERE,
+                         .mFields = fields,
+                         .mFirst = from,
+                         .mLast = to,
+                         .mR = r,
+                         .mDt = dt,
+                         .mSource = terms});
     }
 }
 
@@ -342,8 +352,12 @@ void QV_FieldKernel::curl(QV_InstructionSet::Level level, const Fields& fields, 
         terms[count] = curlAtEdge(fields, first + count, r);
     }
     if (count > 0) {
-        dispatch(level,
-                 {Task::CURL, fields, first, count, r, 0.0, nullptr, nullptr, 0.0, nullptr, terms});
+        dispatch(level, {.mTask = Task::CURL,
+                         .mFields = fields,
+                         .mFirst = first,
+                         .mCount = count,
+                         .mR = r,
+                         .mTerms = terms});
     }
 }
 
@@ -351,8 +365,12 @@ void QV_FieldKernel::addPolarization(QV_InstructionSet::Level level, const QV_At
                                      double factor, unsigned long count, const double* rho,
                                      double* terms)
 {
-    dispatch(level,
-             {Task::POLARIZATION, {}, 0, count, 0.0, 0.0, nullptr, &atoms, factor, rho, terms});
+    dispatch(level, {.mTask = Task::POLARIZATION,
+                     .mCount = count,
+                     .mFactor = factor,
+                     .mAtoms = &atoms,
+                     .mRho = rho,
+                     .mTerms = terms});
 }
 
 void QV_FieldKernel::polarization(QV_InstructionSet::Level level, const QV_Atoms& atoms,
@@ -365,5 +383,9 @@ void QV_FieldKernel::polarization(QV_InstructionSet::Level level, const QV_Atoms
 void QV_FieldKernel::addTerms(QV_InstructionSet::Level level, double factor, unsigned long count,
                               const double* known, double* terms)
 {
-    dispatch(level, {Task::SUM, {}, 0, count, 0.0, 0.0, known, nullptr, factor, nullptr, terms});
+    dispatch(level, {.mTask = Task::SUM,
+                     .mCount = count,
+                     .mFactor = factor,
+                     .mSource = known,
+                     .mTerms = terms});
 }

@@ -30,7 +30,7 @@ public:
     void write(const std::string& line)
     {
         if (mFile != nullptr) {
-            fwrite_unlocked(line.data(), 1, line.size(), mFile);
+            fwrite_unlocked(line.data(), 1, line.size(), mFile); // a file is one thread's
         }
     }
     /// False, after a line on standard error, when not everything could be written. A closed file is

@@ -39,7 +39,8 @@ public:
     };
 
     /// Advances `count` nodes: `rho` holds n by n complex values node after node, `E` m components node
-    /// after node. `terms`, unless null, gets what QV_FieldKernel::polarization gives. `work` is storage kept by the caller.
+    /// after node. `terms`, unless null, gets what QV_FieldKernel::polarization gives. `work` is storage
+    /// kept by the caller.
     static void advance(QV_InstructionSet::Level level, const QV_Atoms& atoms, const Tables& tables,
                         unsigned long count, double* rho, const double* E, double* terms,
                         std::vector<double>& work);

@@ -47,7 +47,7 @@ protected:
             found.push_back(allocated - before);
             before = allocated;
         });
-        mProblem.out().mInts.reserve(2 * steps);
+        mProblem.out().mInts.reserve(steps);
         printedBy([this] { mProblem->run(mProblem.out()); });
         return found;
     }
